@@ -1,0 +1,43 @@
+// DhcpConfigFile: a DHCPv4 server's configuration file.
+#ifndef KLEPUR_CONFIG4_DHCP_CONFIG_FILE_H
+#define KLEPUR_CONFIG4_DHCP_CONFIG_FILE_H
+
+#include <klepur/config/config_file.h>
+#include <klepur/config4/dhcp_vocabulary.h>
+#include <klepur/export.h>
+
+namespace klepur {
+extern template struct KLEPUR_EXPORT SectionRecord<DhcpVocabulary>;
+extern template class KLEPUR_EXPORT ConfigFile<DhcpVocabulary>;
+}  // namespace klepur
+
+/// One DHCPv4 server configuration file. Every operation is described at klepur::ConfigFile, every
+/// statement at klepur::DhcpVocabulary.
+///
+///     DhcpConfigFile file("/etc/dhcp/dhcpd.conf");
+///     if (!file.Open()) return Failed("cannot read it, see the system log");
+///     if (!file.GotoSection("10.0.0.0 netmask 255.255.255.0", DhcpConfigFile::DhcpSection::SECTION_SUBNET))
+///       return Failed("no such subnet");
+///     DhcpConfigFile::DhcpSection host;  // a new record is a SECTION_HOST
+///     host.params = {{false, host.PARAM_NAME, "pc-17"},
+///                    {false, host.PARAM_HARDWARE_ETHERNET, "00:11:22:33:44:55"},
+///                    {false, host.PARAM_FIXED_ADDRESS, "10.0.0.17"}};
+///     if (!file.AddSection(host)) return Failed("it is there already");
+///     if (!file.Save("")) return Failed("cannot write it");
+///
+/// - **Lifecycle:** Open, Save, GetConfFileName
+/// - **Walking:** GetFirstSection, GetNextSection, GotoSection, GetSectionByName
+/// - **Lookup:** GetHostByName, GetHostByIp, GetHostByMACAddress, GetSectionByKeyname
+/// - **Adding:** AddSection, and AddNetwork, AddSubnet, AddHost, AddIFSection
+class KLEPUR_EXPORT DhcpConfigFile : public klepur::ConfigFile<klepur::DhcpVocabulary> {
+ public:
+  using DhcpSection = Section;
+
+  using ConfigFile::ConfigFile;
+  ~DhcpConfigFile() override;
+
+  /// The first letter, A to Z or a to z, of `s`; counts and fails as GetFirstDigit does.
+  const char* GetFirstChar(const char* s);
+};
+
+#endif

@@ -1,0 +1,64 @@
+// CfLex: splits a stream of bytes into tokens.
+#ifndef KLEPUR_FRAMEWORK_LEXER_H
+#define KLEPUR_FRAMEWORK_LEXER_H
+
+#include <klepur/export.h>
+#include <klepur/framework/stream_iterator.h>
+#include <klepur/framework/token.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+/// Splits a configuration text into tokens, one a call.
+///
+/// - "\n" and "\r\n" are one line end each.
+/// - A run of space, tab, "\v", "\f" and "\r" that no "\n" follows is one blank.
+/// - "#", ";", "{" and "}" are one punctuator each.
+/// - A double quote opens a quoted string that runs to the next one on the same line; a backslash in it
+///   takes the next character along. It may begin inside a word. A double quote that nothing closes on
+///   its line is an ordinary character, and so is a backslash outside a quoted string.
+/// - Everything else makes words, bytes from 0x80 on and control characters included; a word of digits
+///   alone is a number.
+///
+/// Cost: linear in the text; memory for the longest line and a fixed buffer.
+class KLEPUR_EXPORT CfLex {
+ public:
+  /// \param stream  where the text comes from; not owned, and must live as long as tokens are taken.
+  /// The second argument has no effect.
+  CfLex(StreamIterator* stream, bool);
+  CfLex(const CfLex&) = delete;
+  CfLex& operator=(const CfLex&) = delete;
+  virtual ~CfLex();
+
+  /// The next token, valid until the next call; null at the end of the text.
+  ///
+  /// Throws std::runtime_error that names the line when a token would hold a NUL byte, and whatever the
+  /// stream throws.
+  virtual klepur::Token* GetToken();
+
+  /// Forgets the stream: from now on the text is at its end.
+  void Detach() noexcept;
+
+ private:
+  bool LoadLine();
+  bool ReadMore();
+  std::size_t LineEndLength() const;
+  std::size_t BlankLength() const;
+  std::size_t QuotedLength(std::size_t quote);
+  klepur::Token* TakeQuotedOrWord();
+  klepur::Token* TakeWord();
+  klepur::Token* Take(klepur::TokenKind kind, std::size_t length);
+  [[noreturn]] void ThrowNulByte() const;
+
+  StreamIterator* stream_;
+  klepur::Token token_;
+  std::vector<char> chunk_;      // what one read brings
+  std::string window_;           // whole lines that were read, from the current one on
+  std::size_t position_ = 0;     // in window_: where the next token begins
+  std::size_t lineStop_ = 0;     // in window_: just past the current line
+  std::size_t lineNumber_ = 0;
+  bool lineHasNoCloser_ = false;  // no double quote further on in this line closes a string
+};
+
+#endif

@@ -1,0 +1,69 @@
+#include <klepur/framework/section.h>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+CfSection::CfSection() noexcept = default;
+
+CfSection::CfSection(const CfSection& other) : CfSection() {
+  name_ = other.name_;
+  entryList.reserve(other.entryList.size());
+  for (const CfSectionEntry* entry : other.entryList) {
+    entryList.push_back(new CfSectionEntry(*entry));
+  }
+}
+
+CfSection::CfSection(CfSection&& other) noexcept
+    : entryList(std::move(other.entryList)), name_(std::move(other.name_)) {
+  other.entryList.clear();
+}
+
+CfSection& CfSection::operator=(CfSection other) noexcept {
+  std::swap(name_, other.name_);
+  entryList.swap(other.entryList);
+  return *this;
+}
+
+CfSection::~CfSection() {
+  ClearEntryList();
+}
+
+int CfSection::AddEntry(const char* key, const char* /*value*/, const char* comment) {
+  return Append(key, comment);
+}
+
+int CfSection::InsertEntry(CfSectionEntry* entry) {
+  return entry == nullptr ? 0 : Append(entry->GetKeyName(), entry->GetComment());
+}
+
+int CfSection::Append(const char* key, const char* comment) {
+  if (key == nullptr) return 0;
+  auto entry = std::make_unique<CfSectionEntry>();
+  entry->SetKeyName(key);
+  entry->SetComment(comment);
+  entryList.push_back(entry.get());
+  entry.release();
+  return 1;
+}
+
+int CfSection::RemoveEntry(CfSectionEntry* entry) {
+  const auto position = std::find(entryList.begin(), entryList.end(), entry);
+  if (entry == nullptr || position == entryList.end()) return 0;
+  entryList.erase(position);
+  delete entry;
+  return 1;
+}
+
+std::vector<CfSectionEntry*>::iterator CfSection::FindEntry(CfSectionEntry* probe) {
+  if (probe == nullptr) return entryList.end();
+  return std::find_if(entryList.begin(), entryList.end(), [probe](const CfSectionEntry* entry) {
+    return std::strcmp(entry->GetKeyName(), probe->GetKeyName()) == 0;
+  });
+}
+
+void CfSection::ClearEntryList() noexcept {
+  for (CfSectionEntry* entry : entryList) delete entry;
+  entryList.clear();
+}

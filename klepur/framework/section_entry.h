@@ -1,0 +1,37 @@
+// CfSectionEntry: one statement line of a block.
+#ifndef KLEPUR_FRAMEWORK_SECTION_ENTRY_H
+#define KLEPUR_FRAMEWORK_SECTION_ENTRY_H
+
+#include <klepur/export.h>
+#include <klepur/framework/c_string.h>
+
+/// One line of a block: a statement or a comment.
+///
+/// The key name is the whole text of the line, its ";" included: "option routers 10.0.0.1;". A comment
+/// that is not null marks the line as commented out; its text is always "#" here and is never written.
+class KLEPUR_EXPORT CfSectionEntry {
+ public:
+  /// An entry with an empty key name and no comment.
+  CfSectionEntry() noexcept = default;
+
+  /// The line's text; never null, empty when none was set. Valid until the next SetKeyName.
+  const char* GetKeyName() const noexcept { return keyName_.GetOrEmpty(); }
+
+  /// Copies `key` as the line's text. Null makes the text empty.
+  void SetKeyName(const char* key) { keyName_ = klepur::internal::CString(key); }
+
+  /// The comment, or null when the line is not commented out. Valid until the comment changes.
+  const char* GetComment() const noexcept { return comment_.Get(); }
+
+  /// Copies `comment`, usually "#", which marks the line as commented out. Null is UndoComment().
+  void SetComment(const char* comment) { comment_ = klepur::internal::CString(comment); }
+
+  /// Makes the line live again. Does nothing to a line that is not commented out.
+  void UndoComment() noexcept { comment_ = klepur::internal::CString(); }
+
+ private:
+  klepur::internal::CString keyName_;
+  klepur::internal::CString comment_;
+};
+
+#endif

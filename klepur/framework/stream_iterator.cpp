@@ -1,0 +1,5 @@
+#include <klepur/framework/stream_iterator.h>
+
+StreamIterator::~StreamIterator() = default;
+
+void StreamIterator::CloseFile() {}

@@ -1,0 +1,3 @@
+#include <klepur/framework/tree.h>
+
+template class Tree<CfSection>;

@@ -1,0 +1,65 @@
+#include <klepur/framework/tree_links.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <utility>
+
+namespace klepur::internal {
+namespace {
+
+/// Callers count children with 16 bits, so they never see more of them than this.
+constexpr std::size_t kMostChildren = 65536;
+
+bool NameHolds(const TreeNode& node, std::string_view part) {
+  return std::string_view(node.section.GetName()).find(part) != std::string_view::npos;
+}
+
+bool HasSiblingList(const TreeNode& node) {
+  return node.parent != nullptr && node.parent->children != nullptr;
+}
+
+}  // namespace
+
+TreeNode* FirstChild(const TreeNode& node) {
+  return node.children == nullptr || node.children->empty() ? nullptr : node.children->front();
+}
+
+std::list<TreeNode*>::iterator PlaceAmongSiblings(TreeNode& node) {
+  std::list<TreeNode*>& siblings = *node.parent->children;
+  return std::find(siblings.begin(), siblings.end(), &node);
+}
+
+TreeNode* NextSibling(TreeNode& node) {
+  return NextSiblingHolding(node, "");
+}
+
+TreeNode* FirstChildHolding(const TreeNode& node, std::string_view part) {
+  if (node.children == nullptr) return nullptr;
+  std::size_t seen = 0;
+  for (TreeNode* child : *node.children) {
+    if (seen++ == kMostChildren) break;
+    if (child != nullptr && NameHolds(*child, part)) return child;
+  }
+  return nullptr;
+}
+
+TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part) {
+  if (!HasSiblingList(node)) return nullptr;
+  const auto end = node.parent->children->end();
+  auto place = PlaceAmongSiblings(node);
+  if (place == end) return nullptr;
+  while (++place != end && *place != nullptr) {
+    if (NameHolds(**place, part)) return *place;
+  }
+  return nullptr;
+}
+
+TreeNode* AppendChild(TreeNode& parent, CfSection&& section) {
+  if (parent.children == nullptr) parent.children = new std::list<TreeNode*>;
+  auto node = std::make_unique<TreeNode>(&parent, std::move(section));
+  parent.children->push_back(node.get());
+  return node.release();
+}
+
+}  // namespace klepur::internal

@@ -1,0 +1,40 @@
+// Internal: steps from one node of the tree to the next, and how nodes are linked in.
+#ifndef KLEPUR_FRAMEWORK_TREE_LINKS_H
+#define KLEPUR_FRAMEWORK_TREE_LINKS_H
+
+#include <klepur/framework/section_holder.h>
+#include <klepur/framework/tree.h>
+
+#include <list>
+#include <string_view>
+
+namespace klepur::internal {
+
+using TreeNode = Tree<CfSection>::TreeNode;
+
+/// The name of the section that every block of a file hangs below.
+inline constexpr char kRootName[] = "TREE_ROOT_SECTION";
+
+/// The first child; null when there is none.
+TreeNode* FirstChild(const TreeNode& node);
+
+/// The node's place in its parent's child list; the list's end when it is not there. The parent must have a
+/// child list. Cost: linear in the length of the list.
+std::list<TreeNode*>::iterator PlaceAmongSiblings(TreeNode& node);
+
+/// The node that follows in the parent's child list; null when there is none.
+TreeNode* NextSibling(TreeNode& node);
+
+/// The first child whose name holds `part`, among the first 65536; null when none does.
+TreeNode* FirstChildHolding(const TreeNode& node, std::string_view part);
+
+/// The first of the following siblings whose name holds `part`; null when none does.
+TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part);
+
+/// Appends a new node that carries `section` as the last child of `parent`, making the child list when
+/// there is none, and returns it. When memory runs out nothing is appended.
+TreeNode* AppendChild(TreeNode& parent, CfSection&& section);
+
+}  // namespace klepur::internal
+
+#endif

@@ -1,0 +1,18 @@
+// All of klepur.
+#ifndef KLEPUR_KLEPUR_H
+#define KLEPUR_KLEPUR_H
+
+#include <klepur/config4/dhcp_config_file.h>
+#include <klepur/framework/file_iterator.h>
+#include <klepur/framework/file_utility.h>
+#include <klepur/framework/lexer.h>
+#include <klepur/framework/name_match.h>
+#include <klepur/framework/parser_base.h>
+#include <klepur/framework/section.h>
+#include <klepur/framework/section_entry.h>
+#include <klepur/framework/section_holder.h>
+#include <klepur/framework/stream_iterator.h>
+#include <klepur/framework/tree.h>
+#include <klepur/parser/dhcp_parser.h>
+
+#endif

@@ -1,0 +1,12 @@
+#include <klepur/parser/dhcp_parser.h>
+
+#include <syslog.h>
+
+DhcpParser::DhcpParser() : writeDepth(0), leftmostDepth(0) {
+  openlog("dhcpparser", LOG_PID, LOG_USER);
+}
+
+DhcpParser::~DhcpParser() {
+  CloseOutput();
+  closelog();
+}

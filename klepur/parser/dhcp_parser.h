@@ -1,0 +1,67 @@
+// DhcpParser: a configuration file's text into a tree, and a tree back into text.
+#ifndef KLEPUR_PARSER_DHCP_PARSER_H
+#define KLEPUR_PARSER_DHCP_PARSER_H
+
+#include <klepur/export.h>
+#include <klepur/framework/block_parser.h>
+#include <klepur/framework/section_holder.h>
+
+#include <cstddef>
+
+/// Reads and writes one DHCP server configuration file. How text becomes a tree: see klepur::BlockParser.
+///
+/// While one lives, the system log is open under the identity "dhcpparser" with the process id. Use a new
+/// object for each file that is read.
+class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
+ public:
+  /// Opens the system log: identity "dhcpparser", option LOG_PID, facility LOG_USER.
+  DhcpParser();
+
+  /// Closes the output file when one is open, and the system log.
+  ~DhcpParser() override;
+
+  /// Writes the first top-level node of `target`, the root section, to the file at `path`, replacing
+  /// what the file held. Further top-level nodes are not written.
+  ///
+  /// The layout: one line for each entry; a block as an empty line, its name, "{", its entries and
+  /// blocks, and "}", all indented by one tab for each block around them. A commented-out line has its
+  /// "#" in the first column, before the tabs. Reading what was written gives the same tree, and writing
+  /// that gives the same bytes.
+  ///
+  /// Before the "}" of a top-level block there is an empty line unless this is the parser's first write
+  /// and the file's first block holds no blocks: each write adds to the leftmost depth the number of
+  /// levels on the way from the root's first child down through first children, and the empty line
+  /// stands whenever that sum is not 1.
+  ///
+  /// \param path    where to write; null is a file that cannot be opened.
+  /// \param target  what to write; when null, the tree last read or written.
+  /// \return true when the file was opened and written; a short write, as on a full disk, is not
+  ///         reported. False when there is no tree or its top level is empty, and when the file cannot
+  ///         be opened, which is then left as it was.
+  ///
+  /// Cost: linear in the text written.
+  bool FileWriter(const char* path, CfSectionHolder* target);
+
+  /// Writes a block's name, its "{" and its entries to the open file, one level deeper than the last.
+  /// A section named "TREE_ROOT_SECTION" is the root: level 0, no header. \return true.
+  bool WriteSection(CfSection& section);
+
+  /// Writes a block's "}" to the open file and goes up one level. Nothing for the root. \return 0.
+  int WriteSectionEnd(CfSection& section);
+
+  /// Writes a text to the open file.
+  /// \return how many bytes were written; 0 when no file is open or `text` is null.
+  std::size_t WriteBuff(const char* text);
+
+ protected:
+  unsigned int writeDepth;     ///< How many blocks are around the text being written.
+  unsigned int leftmostDepth;  ///< Grows with every write, see FileWriter.
+};
+
+/// Calls WriteSection of the DhcpParser that `ctx` points at. False when `ctx` is null.
+KLEPUR_EXPORT bool WriteSectionW(void* ctx, CfSection& section);
+
+/// Calls WriteSectionEnd of the DhcpParser that `ctx` points at. False when `ctx` is null.
+KLEPUR_EXPORT bool WriteSectionEndW(void* ctx, CfSection& section);
+
+#endif
