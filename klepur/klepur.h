@@ -3,6 +3,7 @@
 #define KLEPUR_KLEPUR_H
 
 #include <klepur/config4/dhcp_config_file.h>
+#include <klepur/config6/dhcpv6_config_file.h>
 #include <klepur/framework/file_iterator.h>
 #include <klepur/framework/file_utility.h>
 #include <klepur/framework/lexer.h>

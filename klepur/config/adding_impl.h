@@ -64,8 +64,7 @@ int ConfigFile<Vocabulary>::AddIFSection(const Section& section) {
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::AddBelowSubnet(const Section& section, SectionType type) {
   const std::string name = internal::ValueOfType(section.params, internal::kNameType);
-  TreeNode* const existing =
-      GetTreeItemBySectionAt(Header(type, name).c_str(), currentSubnet);
+  TreeNode* const existing = GetTreeItemBySectionAt(Header(type, name).c_str(), currentSubnet);
   // Unlike in AddSubnet the cursor is compared as it is: when it is null, nothing is a duplicate.
   if (existing != nullptr && ParentOf(existing) == currentSubnet) return 0;
   return ConvertAndAdd(section, currentSubnet) ? 1 : 0;

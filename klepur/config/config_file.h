@@ -15,22 +15,25 @@
 namespace klepur {
 
 /// One DHCP server configuration file: read into a tree, walked and edited there, and written back.
-/// Use it as DhcpConfigFile.
+/// Use it as DhcpConfigFile or Dhcpv6ConfigFile.
 ///
-/// **Two cursors** stand for where the caller is. `currentNetwork` is the shared network whose blocks are
-/// being walked, or null at the top level. `currentSubnet` is a block below it or, without one, a
-/// top-level block; hosts and if blocks are looked for, added and removed below it. Each operation says
-/// how it moves them; where it says nothing, and on every failure unless it says so, they stay.
+/// **Two cursors** stand for where the caller is. `currentNetwork` is the shared network whose
+/// blocks are being walked, or null at the top level. `currentSubnet` is a block below it or,
+/// without one, a top-level block; hosts and if blocks are looked for, added and removed below it.
+/// Each operation says how it moves them; where it says nothing, and on every failure unless it
+/// says so, they stay.
 ///
-/// **Names.** A block's header is its name in the tree: "host pc-17". Headers are compared whole, byte for
-/// byte, so the spacing of the file counts. A "bare name" is the header without its keyword: "pc-17".
+/// **Names.** A block's header is its name in the tree: "host pc-17". Headers are compared whole,
+/// byte for byte, so the spacing of the file counts. A "bare name" is the header without its
+/// keyword: "pc-17".
 ///
-/// **Results.** Operations that return bool or int return true or 1 for success, false or 0 for failure or
-/// a miss. They log nothing and throw nothing but std::bad_alloc and what they name. Before the first
-/// Open every operation that needs the tree fails. A record or text that is to be filled is left as it
-/// was on failure. A null where a text or record is wanted fails.
+/// **Results.** Operations that return bool or int return true or 1 for success, false or 0 for
+/// failure or a miss. They log nothing and throw nothing but std::bad_alloc and what they name.
+/// Before the first Open every operation that needs the tree fails. A record or text that is to be
+/// filled is left as it was on failure. A null where a text or record is wanted fails.
 ///
-/// **Cost.** An operation that looks for a block by its header reads the headers of the blocks before it.
+/// **Cost.** An operation that looks for a block by its header reads the headers of the blocks
+/// before it.
 ///
 /// One object is used by one thread at a time.
 template <class Vocabulary>
@@ -40,13 +43,14 @@ class ConfigFile {
   using SectionType = SectionTypes::SectionType;
   using TreeNode = Tree<CfSection>::TreeNode;
 
-  // ---- Lifecycle ----------------------------------------------------------------------------------
+  // ---- Lifecycle
+  // ----------------------------------------------------------------------------------
 
   /// A file without a name, which can neither be opened nor saved.
   ConfigFile();
 
-  /// The configuration file at the path `fileName`: "/etc/dhcp/dhcpd.conf". It is not read yet. A null or
-  /// empty name is none.
+  /// The configuration file at the path `fileName`: "/etc/dhcp/dhcpd.conf". It is not read yet. A
+  /// null or empty name is none.
   explicit ConfigFile(const char* fileName);
 
   ConfigFile(const ConfigFile&) = delete;
@@ -60,14 +64,15 @@ class ConfigFile {
 
   /// Reads the file into a fresh tree and places the cursors on its first block.
   ///
-  /// If the first block is a shared network, `currentNetwork` becomes that block and `currentSubnet` its
-  /// first block (null if it has none). Otherwise `currentNetwork` becomes null and `currentSubnet` the
-  /// first block. Both become null when the file has no blocks.
+  /// If the first block is a shared network, `currentNetwork` becomes that block and
+  /// `currentSubnet` its first block (null if it has none). Otherwise `currentNetwork` becomes null
+  /// and `currentSubnet` the first block. Both become null when the file has no blocks.
   ///
-  /// Called again it discards the tree with all unsaved edits and reads the file anew; nodes and sections
-  /// that lookups returned are then gone.
+  /// Called again it discards the tree with all unsaved edits and reads the file anew; nodes and
+  /// sections that lookups returned are then gone.
   ///
-  /// \return false when no file was named, or it is missing or unreadable, which the system log says
+  /// \return false when no file was named, or it is missing or unreadable, which the system log
+  /// says
   ///         (DhcpParser::ParseFile). The tree then holds what was read before the failure.
   /// Cost: linear in the file.
   bool Open();
@@ -77,62 +82,70 @@ class ConfigFile {
 
   /// Writes the tree to a file, replacing what the file held. The layout: DhcpParser::FileWriter.
   ///
-  /// \param path  where to write; empty for the file named at construction. GetConfFileName() does not
+  /// \param path  where to write; empty for the file named at construction. GetConfFileName() does
+  /// not
   ///              change.
-  /// \return 1 when the file was opened and written; 0 when nothing has been read yet, no file was named
-  ///         at construction, or the file cannot be opened (it is then left as it was). A short write,
-  ///         as on a full disk, is not reported.
+  /// \return 1 when the file was opened and written; 0 when nothing has been read yet, no file was
+  /// named
+  ///         at construction, or the file cannot be opened (it is then left as it was). A short
+  ///         write, as on a full disk, is not reported.
   /// Cost: linear in the text written.
   int Save(const std::string& path);
 
-  // ---- Finding tree nodes -------------------------------------------------------------------------
+  // ---- Finding tree nodes
+  // -------------------------------------------------------------------------
 
-  /// The first block whose whole header is `name`, looked for from `start` on, `start` itself included,
-  /// then through everything nested in it, in file order.
+  /// The first block whose whole header is `name`, looked for from `start` on, `start` itself
+  /// included, then through everything nested in it, in file order.
   ///
-  /// \param name   "host pc-17"; null for the root section "TREE_ROOT_SECTION", wherever `start` is.
-  /// \param start  null for the root section, that is the whole file.
-  /// \return the node, which stays the tree's, or null.
+  /// \param name   "host pc-17"; null for the root section "TREE_ROOT_SECTION", wherever `start`
+  /// is. \param start  null for the root section, that is the whole file. \return the node, which
+  /// stays the tree's, or null.
   TreeNode* GetTreeItemByNameAt(const char* name, TreeNode* start);
 
   /// The same, but a null `name` finds nothing.
   TreeNode* GetTreeItemBySectionAt(const char* name, TreeNode* start);
 
-  // ---- Records and lines --------------------------------------------------------------------------
+  // ---- Records and lines
+  // --------------------------------------------------------------------------
 
   /// Fills `record` from a block; what it held before is discarded.
   ///
-  /// The kind is told by the header: the first of "shared-network ", the subnet keyword, "host " and "if "
-  /// that stands anywhere in it; SECTION_GLOBAL when none does. The first parameter is the block's name:
-  /// the header behind its first blank; for SECTION_GLOBAL the whole header; for a DHCPv4 subnet
-  /// "10.0.0.0:255.0.0.0", the text up to " netmask " and the header's last word.
+  /// The kind is told by the header: the first of "shared-network ", the subnet keyword, "host "
+  /// and "if " that stands anywhere in it; SECTION_GLOBAL when none does. The first parameter is
+  /// the block's name: the header behind its first blank; for SECTION_GLOBAL the whole header; for
+  /// a DHCPv4 subnet "10.0.0.0:255.0.0.0", the text up to " netmask " and the header's last word.
   ///
-  /// \param rawEntries  false: each line that GetEntryType knows gives one parameter of its type. Of
-  ///                    several lines of a type the last one's value and comment mark count, in the first
-  ///                    one's place. Lines of no known type are left out.
-  ///                    True: every line gives a parameter of type -1 with the whole line.
+  /// \param rawEntries  false: each line that GetEntryType knows gives one parameter of its type.
+  /// Of
+  ///                    several lines of a type the last one's value and comment mark count, in the
+  ///                    first one's place. Lines of no known type are left out. True: every line
+  ///                    gives a parameter of type -1 with the whole line.
   /// \return true.
   ///
-  /// How a value is read from its line is said at the parameter type. Odd lines give odd values, never an
-  /// error: a list without an address gives "wrong value"; of a value with blanks the last word is read; a
-  /// statement that wants an argument and has none, or has no ";", gets the value of the parameter read
-  /// before it in the block, or the block's name.
+  /// How a value is read from its line is said at the parameter type. Odd lines give odd values,
+  /// never an error: a list without an address gives "wrong value"; of a value with blanks the last
+  /// word is read; a statement that wants an argument and has none, or has no ";", gets the value
+  /// of the parameter read before it in the block, or the block's name.
   bool TreeToDhcp(const CfSection& section, Section& record, bool rawEntries);
 
-  /// Puts a record into tree form: the name parameter becomes the whole header, each other parameter a
-  /// whole statement line.
+  /// Puts a record into tree form: the name parameter becomes the whole header, each other
+  /// parameter a whole statement line.
   ///
   /// \param in   values as the parameter types describe them: {PARAM_FIXED_ADDRESS, "10.0.0.5"}.
-  /// \param out  gets the type of `in`, the header as its first parameter when `in` has a name, then
-  ///             one line for each type in the order of first occurrence: "fixed-address 10.0.0.5;".
-  /// \return false when `in` has no parameters (`out` is left alone), or is a DHCPv4 subnet whose name
+  /// \param out  gets the type of `in`, the header as its first parameter when `in` has a name,
+  /// then
+  ///             one line for each type in the order of first occurrence:
+  ///             "fixed-address 10.0.0.5;".
+  /// \return false when `in` has no parameters (`out` is left alone), or is a DHCPv4 subnet whose
+  /// name
   ///         holds no ":" (`out` is then without parameters).
   ///
-  /// Values are neither checked nor escaped. Parameters with an empty value are left out, those of the
-  /// fixed statements too ("authoritative" wants some value, usually "exist"), and so are those of type
-  /// -1 and of numbers that no statement has. Of several parameters of a type the last one's value and the
-  /// first one's comment mark count. The header of SECTION_GLOBAL is always "TREE_ROOT_SECTION"; that of
-  /// a type outside SectionType is empty.
+  /// Values are neither checked nor escaped. Parameters with an empty value are left out, those of
+  /// the fixed statements too ("authoritative" wants some value, usually "exist"), and so are those
+  /// of type -1 and of numbers that no statement has. Of several parameters of a type the last
+  /// one's value and the first one's comment mark count. The header of SECTION_GLOBAL is always
+  /// "TREE_ROOT_SECTION"; that of a type outside SectionType is empty.
   bool DhcpToTree(const Section& in, Section& out);
 
   /// The parameter type of a line, as Section::GetStringType tells it; -1 for null.
@@ -143,43 +156,48 @@ class ConfigFile {
   CfSectionEntry* GetEntryFromList(const std::vector<CfSectionEntry*>* list, const char* text);
 
   /// Copies the front of `src`, up to the first character that `stopChars` holds, to `dst`.
-  /// No NUL is put behind it: `dst` must have been prepared. Copies nothing when an argument is null.
-  /// \return `dst`.
+  /// No NUL is put behind it: `dst` must have been prepared. Copies nothing when an argument is
+  /// null. \return `dst`.
   char* GetValueFromBuffer(const char* src, const char* stopChars, char* dst);
 
   /// Cuts a value out of a line.
   ///
   /// \param separator  " ": everything behind the first blank; "host pc-17" gives "pc-17".
-  ///                   ";": what stands between the last blank and the first ";"; "max-lease-time 7200;"
-  ///                   gives "7200". If the first ";" stands before the last blank: everything behind it.
+  ///                   ";": what stands between the last blank and the first ";"; "max-lease-time
+  ///                   7200;" gives "7200". If the first ";" stands before the last blank:
+  ///                   everything behind it.
   /// \param out        left as it is for any other separator and when the line has no such places.
   void GetValueFromString(const std::string& line, const std::string& separator, std::string& out);
 
   /// The first decimal digit of `s`, or the end of the scanned text when it has none.
   ///
-  /// The length is counted as a signed 16-bit number: of a text of 65536 characters or more, only the
-  /// first (length modulo 65536) are scanned, and where bit 15 of the length is set (32768 to 65535
-  /// characters), `s` itself is returned.
+  /// The length is counted as a signed 16-bit number: of a text of 65536 characters or more, only
+  /// the first (length modulo 65536) are scanned, and where bit 15 of the length is set (32768 to
+  /// 65535 characters), `s` itself is returned.
   const char* GetFirstDigit(const char* s);
 
-  /// Splits the address list of a statement: "option ntp-servers 10.1.1.1, 10.1.1.2;" gives two elements.
+  /// Splits the address list of a statement: "option ntp-servers 10.1.1.1, 10.1.1.2;" gives two
+  /// elements.
   ///
-  /// Elements are separated by "," and blanks. DHCPv4 lists start at the line's first digit, so a server
-  /// given by name leaves a fragment: "dns1.office.lan" gives "1.office.lan". DHCPv6 lists start at the
-  /// first blank, so the second word of the keyword is the first element.
+  /// Elements are separated by "," and blanks. DHCPv4 lists start at the line's first digit, so a
+  /// server given by name leaves a fragment: "dns1.office.lan" gives "1.office.lan". DHCPv6 lists
+  /// start at the first blank, so the second word of the keyword is the first element.
   ///
   /// \param out  the elements are appended to it.
-  /// \return true when the list ended at a ";". False when it did not; the elements found are in `out`
-  ///         nonetheless. Counts as GetFirstDigit does: false, with nothing found, when the list's length
-  ///         modulo 65536 is 0 or has bit 15 set.
+  /// \return true when the list ended at a ";". False when it did not; the elements found are in
+  /// `out`
+  ///         nonetheless. Counts as GetFirstDigit does: false, with nothing found, when the list's
+  ///         length modulo 65536 is 0 or has bit 15 set.
   bool GetNameServers(const char* line, std::list<std::string>* out);
 
-  // ---- Walking ------------------------------------------------------------------------------------
+  // ---- Walking
+  // ------------------------------------------------------------------------------------
 
   /// Fetches the first block of the kind `section.type`.
   ///
   /// - SECTION_GLOBAL: the root section with the global statements.
-  /// - SECTION_SHARED_NETWORK: the first block, whatever its kind, of the level that `currentNetwork`
+  /// - SECTION_SHARED_NETWORK: the first block, whatever its kind, of the level that
+  /// `currentNetwork`
   ///   stands on; it becomes `currentNetwork`. False without one.
   /// - SECTION_SUBNET: the same with `currentSubnet`.
   /// - SECTION_HOST, SECTION_IF: the first block straight below `currentSubnet` whose header holds
@@ -190,9 +208,11 @@ class ConfigFile {
 
   /// Fetches the block that follows.
   ///
-  /// - SECTION_SHARED_NETWORK, SECTION_SUBNET: the next sibling, whatever its kind, of the cursor, which
+  /// - SECTION_SHARED_NETWORK, SECTION_SUBNET: the next sibling, whatever its kind, of the cursor,
+  /// which
   ///   moves onto it. Nothing of `current` but its type counts. False at the last one.
-  /// - SECTION_HOST, SECTION_IF: the next sibling whose header holds "host " ("if ") behind the block that
+  /// - SECTION_HOST, SECTION_IF: the next sibling whose header holds "host " ("if ") behind the
+  /// block that
   ///   `current` names; this is looked for below `currentSubnet`.
   /// - Any other kind: false.
   ///
@@ -202,11 +222,13 @@ class ConfigFile {
   /// Moves the cursors to a block.
   ///
   /// - SECTION_GLOBAL: both cursors become null. `name` may be null.
-  /// - SECTION_SHARED_NETWORK: looked for in the whole file; becomes `currentNetwork`, and its first
+  /// - SECTION_SHARED_NETWORK: looked for in the whole file; becomes `currentNetwork`, and its
+  /// first
   ///   block (or null) becomes `currentSubnet`.
   /// - SECTION_SUBNET: looked for below `currentNetwork`, or in the whole file without one; becomes
   ///   `currentSubnet`.
-  /// - SECTION_HOST, SECTION_IF: only tells whether there is one below `currentSubnet`, or in the whole
+  /// - SECTION_HOST, SECTION_IF: only tells whether there is one below `currentSubnet`, or in the
+  /// whole
   ///   file without one.
   ///
   /// \param name  the header behind its keyword: "office", or for a DHCPv4 subnet "10.0.0.0 netmask
@@ -215,20 +237,22 @@ class ConfigFile {
 
   /// Fetches the block of the kind `section.type` and the given name.
   ///
-  /// As GotoSection, with these differences: SECTION_GLOBAL fetches the root section and moves nothing; a
-  /// shared network leaves `currentSubnet` where it was; the other kinds want a `currentSubnet`, a subnet
-  /// too, although it is looked for below `currentNetwork`; an empty name is looked for like any other.
+  /// As GotoSection, with these differences: SECTION_GLOBAL fetches the root section and moves
+  /// nothing; a shared network leaves `currentSubnet` where it was; the other kinds want a
+  /// `currentSubnet`, a subnet too, although it is looked for below `currentNetwork`; an empty name
+  /// is looked for like any other.
   bool GetSectionByName(Section& section, const char* name);
 
-  // ---- Lookup below the current subnet ------------------------------------------------------------
+  // ---- Lookup below the current subnet
+  // ------------------------------------------------------------
 
   /// Fetches the first block straight below `currentSubnet` that holds exactly the line `keyname`:
   /// "fixed-address 10.0.0.5;". Any kind of block may be found.
   /// Cost: linear in the lines of those blocks.
   bool GetSectionByKeyname(const char* keyname, Section& section, bool rawEntries);
 
-  /// GetSectionByKeyname with the host name statement for `name`: option host-name "pc1"; in DHCPv4,
-  /// option dhcp6.fqdn "pc1"; in DHCPv6. An empty `name` looks for an empty line.
+  /// GetSectionByKeyname with the host name statement for `name`: option host-name "pc1"; in
+  /// DHCPv4, option dhcp6.fqdn "pc1"; in DHCPv6. An empty `name` looks for an empty line.
   bool GetHostByName(const char* name, Section& section, bool rawEntries);
 
   /// GetSectionByKeyname with the address statement for `ip`: "fixed-address 10.0.0.5;", in DHCPv6
@@ -239,67 +263,178 @@ class ConfigFile {
   /// "hardware ethernet 00:11:22:33:44:55;".
   bool GetHostByMACAddress(const char* mac, Section& section, bool rawEntries);
 
-  // ---- Adding -------------------------------------------------------------------------------------
+  // ---- Adding
+  // -------------------------------------------------------------------------------------
 
   /// Adds a block, as the last one of its parent, by calling the function below that fits its type.
   ///
   /// \param section  bare values, in the form of DhcpToTree.
-  /// \return what that function returned; 0 when the record has no name or an empty one, is of another
+  /// \return what that function returned; 0 when the record has no name or an empty one, is of
+  /// another
   ///         type, SECTION_GLOBAL included, or nothing was opened.
   /// Throws what AddSubnet throws.
   int AddSection(const Section& section);
 
   /// Adds a shared network at the end of the file and moves the cursors as GotoSection does.
   ///
-  /// \return 0 when some block's whole header is the bare name, when DhcpToTree or AddTreeSection fails,
+  /// \return 0 when some block's whole header is the bare name, when DhcpToTree or AddTreeSection
+  /// fails,
   ///         and when the block is not found again.
   ///
-  /// A second network of the same name is not refused: it is added, and the cursors move to the older one.
+  /// A second network of the same name is not refused: it is added, and the cursors move to the
+  /// older one.
   int AddNetwork(const Section& section);
 
   /// Adds a subnet below `currentNetwork`, or at the end of the file without one, and makes it
   /// `currentSubnet` if GotoSection finds it under its address.
   ///
-  /// The address is the name up to the first ","; without one, in DHCPv4, up to the first ":"; without
-  /// that, up to the first blank; else all of it.
+  /// The address is the name up to the first ","; without one, in DHCPv4, up to the first ":";
+  /// without that, up to the first blank; else all of it.
   ///
-  /// \return 0 when a subnet whose header is the keyword and the address stands at that level already; when
+  /// \return 0 when a subnet whose header is the keyword and the address stands at that level
+  /// already; when
   ///         DhcpToTree or AddTreeSection fails; and when GotoSection does not find the address.
   ///
-  /// DHCPv4 headers hold more than the address, so for a name with a mask neither search finds anything: an
-  /// existing subnet of that address is not noticed, and the result is 0 although the block was added.
-  /// Go to it by GotoSection with "10.0.0.0 netmask 255.0.0.0".
+  /// DHCPv4 headers hold more than the address, so for a name with a mask neither search finds
+  /// anything: an existing subnet of that address is not noticed, and the result is 0 although the
+  /// block was added. Go to it by GotoSection with "10.0.0.0 netmask 255.0.0.0".
   ///
-  /// Throws std::out_of_range ("basic_string::substr"), with nothing added, when the first "," is the
-  /// name's last character.
+  /// Throws std::out_of_range ("basic_string::substr"), with nothing added, when the first "," is
+  /// the name's last character.
   int AddSubnet(const Section& section);
 
   /// Adds a host below `currentSubnet`, or at the end of the file without one.
   ///
   /// \return 0 when `currentSubnet` has such a host straight below it, or when DhcpToTree or
-  ///         AddTreeSection fails. Without a `currentSubnet` a second host of the same name is not refused.
+  ///         AddTreeSection fails. Without a `currentSubnet` a second host of the same name is not
+  ///         refused.
   int AddHost(const Section& section);
 
   /// Adds an if block; otherwise as AddHost.
   int AddIFSection(const Section& section);
 
-  /// Appends a block made of a tree-form record (DhcpToTree) below `parent`, or the root section when that
-  /// is null.
+  /// Appends a block made of a tree-form record (DhcpToTree) below `parent`, or the root section
+  /// when that is null.
   ///
-  /// Lines are stored as they are. One with an empty value is left out, but if it is the first, nothing is
-  /// added and the result is false. A line is commented out if the first parameter of its type is.
+  /// Lines are stored as they are. One with an empty value is left out, but if it is the first,
+  /// nothing is added and the result is false. A line is commented out if the first parameter of
+  /// its type is.
   ///
-  /// \return true when a block with at least one line was added. False when there is no header, with
+  /// \return true when a block with at least one line was added. False when there is no header,
+  /// with
   ///         nothing added; and when there are no lines: the empty block is added nonetheless.
   bool AddTreeSection(const Section& section, TreeNode* parent);
 
+  // ---- Removing
+  // -----------------------------------------------------------------------------------
+  //
+  // A block goes with everything nested in it. A cursor that stands on or in a removed block and is
+  // not moved elsewhere becomes null. Records and nodes of a removed block that the caller holds:
+  // the records stay good, the nodes are gone.
+
+  /// Removes the block of the record's type and name by calling the function below that fits its
+  /// type.
+  ///
+  /// For a subnet the address in its name is passed on, taken as AddSubnet takes it. DHCPv4 headers
+  /// hold more than the address, so a record named "10.0.0.0:255.0.0.0" removes nothing: call
+  /// RemoveSubnetSection with "10.0.0.0 netmask 255.0.0.0".
+  ///
+  /// \return what that function returned; 0 when the record has no name or an empty one, is of
+  /// another
+  ///         type, SECTION_GLOBAL included, or nothing was opened.
+  /// Throws std::out_of_range as AddSubnet does, with nothing removed.
+  int RemoveSection(const Section& section);
+
+  /// Removes the first shared network of this bare name, looked for in the whole file.
+  ///
+  /// When it is `currentNetwork`, the cursors move to the first block of the file, or the one that
+  /// follows if that is the removed one: onto it and its first block when it is a shared network,
+  /// otherwise `currentNetwork` becomes null and `currentSubnet` that block. Both become null when
+  /// there is none.
+  ///
+  /// \return 1, or 0 when there is none.
+  int RemoveNetwork(const char* name);
+
+  /// Removes the first subnet whose header is the keyword and `name`, looked for below
+  /// `currentNetwork`, or in the whole file without one. \param name as for GotoSection: "10.0.0.0
+  /// netmask 255.0.0.0".
+  ///
+  /// When it is `currentSubnet`, that cursor moves to the first block of `currentNetwork` (of the
+  /// file without one), or the one that follows if that is the removed one, or null. If the block
+  /// moved to is a shared network, it becomes `currentNetwork` and its first block `currentSubnet`.
+  ///
+  /// \return 1, or 0 when there is none.
+  int RemoveSubnetSection(const char* name);
+
+  /// Removes the host of this bare name from `currentSubnet`.
+  ///
+  /// \return 1; 0 without a `currentSubnet`, and when the first host of that name that stands below
+  /// it is
+  ///         not straight below it.
+  int RemoveHostSection(const char* name);
+
+  /// Removes an if block; otherwise as RemoveHostSection.
+  int RemoveIFSection(const char* name);
+
+  // ---- Changing
+  // -----------------------------------------------------------------------------------
+  //
+  // The block is chosen by the record's type: SECTION_GLOBAL is the root section; a shared network
+  // is the one on `currentNetwork` and a subnet the block on `currentSubnet`, whatever the record's
+  // name is; a host or if block is the first of the record's name below `currentSubnet`, however
+  // deep.
+  //
+  // Nothing is rolled back: on failure the name and the lines that were changed by then stay
+  // changed.
+
+  /// Merges a record into its block: rewrites the lines of the record's types, appends those the
+  /// block lacks, removes those whose new value is empty, and leaves every other line where and as
+  /// it was.
+  ///
+  /// \param section  values in the form of DhcpToTree.
+  /// \param newName  the new bare name, or null to keep the name; ignored for SECTION_GLOBAL.
+  /// \return as ChangeTreeSection; 0 when there is no such block.
+  int ChangeSection(const Section& section, const char* newName);
+
+  /// The same on a given section.
+  ///
+  /// Of several lines of one type in the block, the one is rewritten that holds the value that
+  /// TreeToDhcp reads, the last one's; it is found by its text, the first line that holds keyword
+  /// and value in the spacing that the library writes. A rewritten line is commented out or live as
+  /// the record says.
+  ///
+  /// \return 1; 0 when `target` is null, when the new name or the record cannot be put into tree
+  /// form
+  ///         (DhcpToTree), and when a line to rewrite or remove is not found by its text: its
+  ///         spacing is another, it was rewritten by an earlier parameter of the same type, or its
+  ///         value was read only in part. Lines changed by then stay changed.
+  int ChangeTreeSection(const Section& section, CfSection* target, const char* newName);
+
+  /// Empties the block and fills it with the record's values, each one whole line as it stands,
+  /// with its
+  /// ";". Comments and unknown lines go too; the name stays.
+  ///
+  /// \return 1 when at least one line was added. 0 when there is no such block or the record has no
+  ///         parameters, with nothing changed; and when it has only a name: the block is then
+  ///         empty.
+  int SetSectionParams(const Section& section);
+
+  // ---- Subnet queries
+  // -----------------------------------------------------------------------------
+
+  /// Fills `subnet` with the address in the header of the block on `currentSubnet`: "10.0.0.0".
+  /// That is the text between the first blank and " netmask ", or the end when there is none, as in
+  /// DHCPv6: "2001:db8:1::/64". The kind of the block plays no part. \return 1, or 0 without a
+  /// `currentSubnet`.
+  int GetSubnet(std::string& subnet);
+
  protected:
-  CfSectionHolder* holder;     ///< The tree. Owned.
-  DhcpParser* parser;          ///< Reads and writes the file. Owned.
-  std::string confFileName;    ///< Empty when none was given.
-  TreeNode* currentNetwork;    ///< See above; never owning.
-  TreeNode* currentSubnet;     ///< See above; never owning.
-  int isRead;                  ///< 0 until ReadDhcpConfigFile has run once.
+  CfSectionHolder* holder;   ///< The tree. Owned.
+  DhcpParser* parser;        ///< Reads and writes the file. Owned.
+  std::string confFileName;  ///< Empty when none was given.
+  TreeNode* currentNetwork;  ///< See above; never owning.
+  TreeNode* currentSubnet;   ///< See above; never owning.
+  int isRead;                ///< 0 until ReadDhcpConfigFile has run once.
 
  private:
   bool HasTree() const;
@@ -308,6 +443,7 @@ class ConfigFile {
   TreeNode* ParentOf(TreeNode* node) const;
   void DiscardTree();
   void PlaceCursors();
+  bool PlaceCursorsOn(TreeNode* node);
 
   static std::string_view Prefix(SectionType type);
   static std::string Header(SectionType type, std::string_view name);
@@ -321,6 +457,16 @@ class ConfigFile {
 
   int AddBelowSubnet(const Section& section, SectionType type);
   bool ConvertAndAdd(const Section& section, TreeNode* parent);
+
+  TreeNode* HeirOf(TreeNode& doomed, TreeNode* level) const;
+  int RemoveBelowSubnet(const char* name, SectionType type);
+  int RemoveWithChildren(TreeNode& doomed);
+  int RemoveNode(TreeNode& doomed);
+
+  CfSection* ChooseBlock(const Section& section);
+  bool Rename(CfSection& target, SectionType type, const char* newName);
+  static void AddLine(CfSection& target, const SectionParam* line);
+  static void ChangeLine(CfSectionEntry& entry, const SectionParam* line);
 };
 
 }  // namespace klepur

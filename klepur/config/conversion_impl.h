@@ -54,7 +54,8 @@ bool ConfigFile<Vocabulary>::TreeToDhcp(const CfSection& section, Section& recor
   const std::string header = section.GetName();
   record.params.clear();
   record.type = internal::KindOf(Words::kBlocks, header);
-  // One text takes the name and then each value in turn: a line without a value leaves the last one.
+  // One text takes the name and then each value in turn: a line without a value leaves the last
+  // one.
   std::string value = internal::NameFromHeader<Vocabulary>(header, record.type);
   record.params.push_back({false, internal::kNameType, value});
   for (const CfSectionEntry* entry : section.entryList) {
@@ -109,15 +110,16 @@ CfSectionEntry* ConfigFile<Vocabulary>::GetEntryFromList(const std::vector<CfSec
 }
 
 template <class Vocabulary>
-char* ConfigFile<Vocabulary>::GetValueFromBuffer(const char* src, const char* stopChars, char* dst) {
+char* ConfigFile<Vocabulary>::GetValueFromBuffer(const char* src, const char* stopChars,
+                                                 char* dst) {
   if (src == nullptr || stopChars == nullptr || dst == nullptr) return dst;
   std::memcpy(dst, src, std::strcspn(src, stopChars));
   return dst;
 }
 
 template <class Vocabulary>
-void ConfigFile<Vocabulary>::GetValueFromString(const std::string& line, const std::string& separator,
-                                                std::string& out) {
+void ConfigFile<Vocabulary>::GetValueFromString(const std::string& line,
+                                                const std::string& separator, std::string& out) {
   if (separator == " ") {
     internal::TextBehindFirstBlank(line, out);
   } else if (separator == ";") {

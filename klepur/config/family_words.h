@@ -8,8 +8,9 @@ namespace klepur::internal {
 
 using NameMatch = bool (*)(const CfSection& probe, const CfSection& candidate);
 
-/// Specialised for each vocabulary: its table of statements, its table of blocks, and one small function
-/// for each place where the families truly differ. config4/dhcp_words.h shows all that is wanted.
+/// Specialised for each vocabulary: its table of statements, its table of blocks, and one small
+/// function for each place where the families truly differ. config4/dhcp_words.h shows all that is
+/// wanted.
 template <class Vocabulary>
 struct FamilyWords;
 

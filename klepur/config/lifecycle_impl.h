@@ -81,14 +81,21 @@ template <class Vocabulary>
 void ConfigFile<Vocabulary>::PlaceCursors() {
   TreeNode* const root = Root();
   TreeNode* const first = root == nullptr ? nullptr : internal::FirstChild(*root);
-  if (first == nullptr) return;
+  if (first != nullptr && !PlaceCursorsOn(first)) currentSubnet = first;
+}
+
+/// Puts both cursors on a shared network and its first block; false when `node` is no shared
+/// network.
+template <class Vocabulary>
+bool ConfigFile<Vocabulary>::PlaceCursorsOn(TreeNode* node) {
   const auto& blocks = internal::FamilyWords<Vocabulary>::kBlocks;
-  if (KindOf(blocks, first->section.GetName()) == SectionTypes::SECTION_SHARED_NETWORK) {
-    currentNetwork = first;
-    currentSubnet = internal::FirstChild(*first);
-  } else {
-    currentSubnet = first;
+  if (node == nullptr ||
+      KindOf(blocks, node->section.GetName()) != SectionTypes::SECTION_SHARED_NETWORK) {
+    return false;
   }
+  currentNetwork = node;
+  currentSubnet = internal::FirstChild(*node);
+  return true;
 }
 
 template <class Vocabulary>

@@ -32,7 +32,8 @@ bool ConfigFile<Vocabulary>::GetFirstSection(Section& section, bool rawEntries) 
 }
 
 template <class Vocabulary>
-bool ConfigFile<Vocabulary>::GetNextSection(const Section& current, Section& next, bool rawEntries) {
+bool ConfigFile<Vocabulary>::GetNextSection(const Section& current, Section& next,
+                                            bool rawEntries) {
   if (!HasTree()) return false;
   switch (current.type) {
     case SectionTypes::SECTION_SHARED_NETWORK:
@@ -111,7 +112,8 @@ bool ConfigFile<Vocabulary>::GetHostByIp(const char* ip, Section& section, bool 
 }
 
 template <class Vocabulary>
-bool ConfigFile<Vocabulary>::GetHostByMACAddress(const char* mac, Section& section, bool rawEntries) {
+bool ConfigFile<Vocabulary>::GetHostByMACAddress(const char* mac, Section& section,
+                                                 bool rawEntries) {
   return GetHostByParam(internal::FamilyWords<Vocabulary>::kHardwareEthernet, mac, section,
                         rawEntries);
 }

@@ -14,9 +14,9 @@ struct SectionTypes {
   enum SectionType : int {
     SECTION_GLOBAL = 0,          ///< the outermost level, and any block that is of no kind below
     SECTION_SHARED_NETWORK = 1,  ///< "shared-network office"
-    SECTION_SUBNET = 2,          ///< "subnet 10.0.0.0 netmask 255.0.0.0", or "subnet6 2001:db8::/64"
-    SECTION_HOST = 3,            ///< "host pc-17"
-    SECTION_IF = 4,              ///< "if option vendor-class-identifier = \"x\""
+    SECTION_SUBNET = 2,  ///< "subnet 10.0.0.0 netmask 255.0.0.0", or "subnet6 2001:db8::/64"
+    SECTION_HOST = 3,    ///< "host pc-17"
+    SECTION_IF = 4,      ///< "if option vendor-class-identifier = \"x\""
   };
 };
 
@@ -29,17 +29,17 @@ struct SectionParam {
 
 /// One block as a caller sees it: what kind it is, its name, and its statements by type.
 ///
-/// The block's name is the value of the first parameter of type 0 (PARAM_NAME, PARAM6_NAME). `Vocabulary`
-/// brings the parameter types of one address family. Records are plain values.
+/// The block's name is the value of the first parameter of type 0 (PARAM_NAME, PARAM6_NAME).
+/// `Vocabulary` brings the parameter types of one address family. Records are plain values.
 template <class Vocabulary>
 struct SectionRecord : SectionTypes, Vocabulary {
   using SectionParam = klepur::SectionParam;
 
   /// Which statement a line of a file is.
   ///
-  /// The vocabulary's keywords are looked for one after the other, in a fixed order, anywhere in the line
-  /// and with regard to letter case; the first one found decides. So a comment or a quoted text that
-  /// holds a keyword counts as that statement: "not authoritative;" is "authoritative".
+  /// The vocabulary's keywords are looked for one after the other, in a fixed order, anywhere in
+  /// the line and with regard to letter case; the first one found decides. So a comment or a quoted
+  /// text that holds a keyword counts as that statement: "not authoritative;" is "authoritative".
   ///
   /// \param line  a whole line with its ";": "option routers 10.0.0.1;".
   /// \return the parameter type, or -1 for a line that holds no keyword.

@@ -50,8 +50,8 @@ const Statement* FindStatement(StatementTable table, int type);
 /// Where the address list of a line begins.
 using ListStart = const char* (*)(const char* line);
 
-/// Reads the value of a line into `value`, which stays as it is when a kPlain line has no value; of a
-/// kQuoted line without one, what `value` holds loses its ends all the same.
+/// Reads the value of a line into `value`, which stays as it is when a kPlain line has no value; of
+/// a kQuoted line without one, what `value` holds loses its ends all the same.
 void ReadValue(Form form, const std::string& line, ListStart listStart, std::string& value);
 
 /// The line that carries a value.

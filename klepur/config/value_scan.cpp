@@ -97,7 +97,8 @@ std::string SubnetAddress(std::string_view header) {
 
 std::string AddressPart(const std::string& name, bool colonEndsAddress) {
   std::size_t end = name.find(',');
-  // Behind a "," there is a blank to step over; callers know the error of there being nothing at all.
+  // Behind a "," there is a blank to step over; callers know the error of there being nothing at
+  // all.
   if (end != std::string::npos && end + 1 == name.size()) {
     throw std::out_of_range("basic_string::substr");
   }

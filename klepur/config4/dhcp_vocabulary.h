@@ -8,9 +8,9 @@ namespace klepur {
 
 /// What DHCPv4 adds to a record: the statements that it tells apart.
 ///
-/// A parameter's value is the statement's argument as text unless said otherwise. Quoted means that the
-/// file has double quotes around it and the record has not; a text that holds blanks is not read whole:
-/// only its last word, less one character at each end, is.
+/// A parameter's value is the statement's argument as text unless said otherwise. Quoted means that
+/// the file has double quotes around it and the record has not; a text that holds blanks is not
+/// read whole: only its last word, less one character at each end, is.
 struct DhcpVocabulary {
   using DhcpSectionType = SectionTypes::SectionType;
 

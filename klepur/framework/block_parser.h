@@ -11,20 +11,24 @@
 
 namespace klepur {
 
-/// The machinery of DhcpParser and Dhcpv6LeasesParser. It knows ";", "{", "}" and "#", and no words.
+/// The machinery of DhcpParser and Dhcpv6LeasesParser. It knows ";", "{", "}" and "#", and no
+/// words.
 ///
-/// - A statement is the text up to and including the next ";", line ends dropped. It becomes an entry of
+/// - A statement is the text up to and including the next ";", line ends dropped. It becomes an
+/// entry of
 ///   its block with that text as its key.
-/// - A comment is "#" to the end of the line. It becomes an entry with the text behind the "#", without
-///   the blanks around it, and with the comment "#". Text before the "#" that no ";" has ended is joined
-///   in front of it.
-/// - "{" opens a block. Its name is the text before the "{" and the rest of that line. It ends at "}".
+/// - A comment is "#" to the end of the line. It becomes an entry with the text behind the "#",
+/// without
+///   the blanks around it, and with the comment "#". Text before the "#" that no ";" has ended is
+///   joined in front of it.
+/// - "{" opens a block. Its name is the text before the "{" and the rest of that line. It ends at
+/// "}".
 /// - "{" on a line that holds a ";" opens none: "host a { fixed-address 10.0.0.5; }" is one entry.
 /// - Text before a "}" that no ";" has ended becomes the front of the next statement.
 /// - After a "}" too many, what follows hangs beside the root section, not below it.
 ///
-/// The root section "TREE_ROOT_SECTION" is made by the first parse of an object only; a later one puts
-/// the file's blocks straight under the holder. Use a new object for each file.
+/// The root section "TREE_ROOT_SECTION" is made by the first parse of an object only; a later one
+/// puts the file's blocks straight under the holder. Use a new object for each file.
 class KLEPUR_EXPORT BlockParser : public CfParser {
  public:
   BlockParser();
@@ -34,17 +38,18 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
 
   /// Reads the file at `path` into the tree of the CfSectionHolder that `holder` points at.
   ///
-  /// \return true when the whole file was read. False when it does not exist (logged as a warning), when
-  ///         it cannot be opened or read, holds a NUL byte or memory runs out (logged as information,
-  ///         with the reason), or when a stream that a derived class installed brings unknown tokens.
-  ///         What was built by then stays in the tree.
+  /// \return true when the whole file was read. False when it does not exist (logged as a warning),
+  /// when
+  ///         it cannot be opened or read, holds a NUL byte or memory runs out (logged as
+  ///         information, with the reason), or when a stream that a derived class installed brings
+  ///         unknown tokens. What was built by then stays in the tree.
   ///
   /// A stream that is already installed is read in place of the file. After an exception the lexer
   /// stays in its slot, at its end, until the next parse. Cost: linear in the file.
   bool ParseFile(const char* path, void* holder) override;
 
-  /// Reads what the installed lexer brings. False when `holder` is null, and at a token that is not of a
-  /// kind listed in token.h. Throws what the lexer throws, and std::bad_alloc.
+  /// Reads what the installed lexer brings. False when `holder` is null, and at a token that is not
+  /// of a kind listed in token.h. Throws what the lexer throws, and std::bad_alloc.
   bool DoParse(void* holder) override;
 
   /// Appends the text of every token to the line buffer up to the next line end, which it consumes.
@@ -54,9 +59,9 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   /// Acts on the current token, a punctuator.
   void PunctuatorAnalyser();
 
-  /// Acts on "{": opens a block, or stores a one-line block as an entry. The place of the "{" in such an
-  /// entry is kept as an unsigned 16-bit number: behind 65536 characters or more it is put back at the
-  /// position modulo 65536.
+  /// Acts on "{": opens a block, or stores a one-line block as an entry. The place of the "{" in
+  /// such an entry is kept as an unsigned 16-bit number: behind 65536 characters or more it is put
+  /// back at the position modulo 65536.
   void SectionStartAnalyzer();
 
   /// Acts on "}": the block around the current one becomes current. The line buffer stays as it is.
@@ -70,9 +75,8 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
 
   /// Stores `text` as an entry of the current block; as a comment when the last punctuator was "#".
   ///
-  /// Trailing blanks, and before a comment leading ones too, are cut off `text` itself; then the line
-  /// buffer is emptied.
-  /// \return what CfSection::AddEntry returned; 0 when no block is current.
+  /// Trailing blanks, and before a comment leading ones too, are cut off `text` itself; then the
+  /// line buffer is emptied. \return what CfSection::AddEntry returned; 0 when no block is current.
   int AddSectionParameter(std::string& text);
 
   /// Makes the root section once in an object's life. False when no parse has named a holder yet.

@@ -16,8 +16,8 @@ class KLEPUR_EXPORT FileIterator : public StreamIterator {
   /// Closes the file when CloseFile has not.
   ~FileIterator() override;
 
-  /// As in StreamIterator. An interrupted read goes on; a failed one throws std::system_error with the
-  /// system's reason as its what().
+  /// As in StreamIterator. An interrupted read goes on; a failed one throws std::system_error with
+  /// the system's reason as its what().
   std::size_t Read(char* buffer, std::size_t size) override;
 
   /// Closes the file. Every later Read returns 0; a second call does nothing.

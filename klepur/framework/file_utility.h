@@ -6,8 +6,8 @@
 
 class KLEPUR_EXPORT FileUtility {
  public:
-  /// True when `path` names anything that exists: a file, a directory, a device. False for null, for a
-  /// symbolic link whose target is missing, and where the way to it may not be searched.
+  /// True when `path` names anything that exists: a file, a directory, a device. False for null,
+  /// for a symbolic link whose target is missing, and where the way to it may not be searched.
   static bool IsFileExist(const char* path);
 };
 

@@ -101,9 +101,9 @@ std::size_t CfLex::BlankLength() const {
 
 /// The length of the quoted string that begins at `quote`, or 0 when nothing closes it.
 ///
-/// Whether a double quote can close a string depends only on the backslashes straight before it, which
-/// never reach back past another double quote. So where nothing closes one string, nothing closes any
-/// that begins later in the line, and the rest of the line is searched once.
+/// Whether a double quote can close a string depends only on the backslashes straight before it,
+/// which never reach back past another double quote. So where nothing closes one string, nothing
+/// closes any that begins later in the line, and the rest of the line is searched once.
 std::size_t CfLex::QuotedLength(std::size_t quote) {
   if (lineHasNoCloser_) return 0;
   for (std::size_t i = quote + 1; i < lineStop_; ++i) {

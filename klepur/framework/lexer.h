@@ -15,17 +15,19 @@
 /// - "\n" and "\r\n" are one line end each.
 /// - A run of space, tab, "\v", "\f" and "\r" that no "\n" follows is one blank.
 /// - "#", ";", "{" and "}" are one punctuator each.
-/// - A double quote opens a quoted string that runs to the next one on the same line; a backslash in it
-///   takes the next character along. It may begin inside a word. A double quote that nothing closes on
-///   its line is an ordinary character, and so is a backslash outside a quoted string.
-/// - Everything else makes words, bytes from 0x80 on and control characters included; a word of digits
+/// - A double quote opens a quoted string that runs to the next one on the same line; a backslash
+/// in it
+///   takes the next character along. It may begin inside a word. A double quote that nothing closes
+///   on its line is an ordinary character, and so is a backslash outside a quoted string.
+/// - Everything else makes words, bytes from 0x80 on and control characters included; a word of
+/// digits
 ///   alone is a number.
 ///
 /// Cost: linear in the text; memory for the longest line and a fixed buffer.
 class KLEPUR_EXPORT CfLex {
  public:
-  /// \param stream  where the text comes from; not owned, and must live as long as tokens are taken.
-  /// The second argument has no effect.
+  /// \param stream  where the text comes from; not owned, and must live as long as tokens are
+  /// taken. The second argument has no effect.
   CfLex(StreamIterator* stream, bool);
   CfLex(const CfLex&) = delete;
   CfLex& operator=(const CfLex&) = delete;
@@ -33,8 +35,8 @@ class KLEPUR_EXPORT CfLex {
 
   /// The next token, valid until the next call; null at the end of the text.
   ///
-  /// Throws std::runtime_error that names the line when a token would hold a NUL byte, and whatever the
-  /// stream throws.
+  /// Throws std::runtime_error that names the line when a token would hold a NUL byte, and whatever
+  /// the stream throws.
   virtual klepur::Token* GetToken();
 
   /// Forgets the stream: from now on the text is at its end.
@@ -53,10 +55,10 @@ class KLEPUR_EXPORT CfLex {
 
   StreamIterator* stream_;
   klepur::Token token_;
-  std::vector<char> chunk_;      // what one read brings
-  std::string window_;           // whole lines that were read, from the current one on
-  std::size_t position_ = 0;     // in window_: where the next token begins
-  std::size_t lineStop_ = 0;     // in window_: just past the current line
+  std::vector<char> chunk_;   // what one read brings
+  std::string window_;        // whole lines that were read, from the current one on
+  std::size_t position_ = 0;  // in window_: where the next token begins
+  std::size_t lineStop_ = 0;  // in window_: just past the current line
   std::size_t lineNumber_ = 0;
   bool lineHasNoCloser_ = false;  // no double quote further on in this line closes a string
 };

@@ -21,15 +21,15 @@ class KLEPUR_EXPORT CfParser {
 
   /// Reads the text of a C string into the tree of the CfSectionHolder that `holder` points at.
   ///
-  /// Does what ParseFile does with the same bytes in a file, but logs nothing: an exception reaches the
-  /// caller. False when either argument is null.
+  /// Does what ParseFile does with the same bytes in a file, but logs nothing: an exception reaches
+  /// the caller. False when either argument is null.
   virtual bool ParseBuffer(const char* text, void* holder);
 
   /// Reads what the lexer in the slot brings into the tree of the CfSectionHolder at `holder`.
   virtual bool DoParse(void* holder) = 0;
 
-  /// The lexer's next token, valid until the next call; null at the end of the input and when there is
-  /// no lexer. Throws what the lexer throws.
+  /// The lexer's next token, valid until the next call; null at the end of the input and when there
+  /// is no lexer. Throws what the lexer throws.
   klepur::Token* GetToken();
 
  protected:

@@ -50,8 +50,8 @@ class KLEPUR_EXPORT CfSection {
   /// Cost: linear in the number of lines.
   int RemoveEntry(CfSectionEntry* entry);
 
-  /// The first line whose text equals the key name of `probe` byte for byte, comments included; the end
-  /// of `entryList` when there is none or `probe` is null. Cost: linear in the number of lines.
+  /// The first line whose text equals the key name of `probe` byte for byte, comments included; the
+  /// end of `entryList` when there is none or `probe` is null. Cost: linear in the number of lines.
   std::vector<CfSectionEntry*>::iterator FindEntry(CfSectionEntry* probe);
 
   /// Deletes every line. The name stays.

@@ -7,8 +7,9 @@
 
 /// One line of a block: a statement or a comment.
 ///
-/// The key name is the whole text of the line, its ";" included: "option routers 10.0.0.1;". A comment
-/// that is not null marks the line as commented out; its text is always "#" here and is never written.
+/// The key name is the whole text of the line, its ";" included: "option routers 10.0.0.1;". A
+/// comment that is not null marks the line as commented out; its text is always "#" here and is
+/// never written.
 class KLEPUR_EXPORT CfSectionEntry {
  public:
   /// An entry with an empty key name and no comment.

@@ -7,8 +7,8 @@
 
 /// Owns the tree of one file.
 ///
-/// After a parse the top level holds one node, named "TREE_ROOT_SECTION", and every block of the file
-/// hangs below it.
+/// After a parse the top level holds one node, named "TREE_ROOT_SECTION", and every block of the
+/// file hangs below it.
 class KLEPUR_EXPORT CfSectionHolder {
  public:
   /// A holder whose top level is empty.

@@ -20,7 +20,8 @@ class KLEPUR_EXPORT StreamIterator {
   /// Throws an exception derived from std::exception when the bytes cannot be read.
   virtual std::size_t Read(char* buffer, std::size_t size) = 0;
 
-  /// Lets go of what the bytes come from; the stream is then at its end. Does nothing unless overridden.
+  /// Lets go of what the bytes come from; the stream is then at its end. Does nothing unless
+  /// overridden.
   virtual void CloseFile();
 };
 

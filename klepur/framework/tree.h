@@ -13,8 +13,8 @@
 
 /// A tree whose nodes each carry one `Section`.
 ///
-/// Used as Tree<CfSection>. Every walk goes over the nodes in file order, and none of them, deletion
-/// included, needs stack in proportion to how deep the blocks are nested.
+/// Used as Tree<CfSection>. Every walk goes over the nodes in file order, and none of them,
+/// deletion included, needs stack in proportion to how deep the blocks are nested.
 template <class Section>
 class Tree {
  public:
@@ -24,7 +24,8 @@ class Tree {
   class KLEPUR_EXPORT TreeNode {
    public:
     /// A node without children that carries a copy of `payload`.
-    /// \param above  the node it will hang under, null for a topmost one. The node does not enter that
+    /// \param above  the node it will hang under, null for a topmost one. The node does not enter
+    /// that
     ///               node's child list by itself: append it there.
     TreeNode(TreeNode* above, const Section& payload) : TreeNode(above, Section(payload)) {}
 
@@ -35,15 +36,14 @@ class Tree {
     TreeNode(const TreeNode&) = delete;
     TreeNode& operator=(const TreeNode&) = delete;
 
-    /// Deletes every node below this one, deepest first, then the section. Does not unlink this node
-    /// from its parent's child list.
+    /// Deletes every node below this one, deepest first, then the section. Does not unlink this
+    /// node from its parent's child list.
     virtual ~TreeNode() { DeleteAllItems(); }
 
     /// Calls `visit` on this node's section and then on those below it.
     ///
-    /// Where `visit` returns false, the nodes below that one are left out; the walk goes on with the
-    /// next sibling.
-    /// \return false when `visit` refused this node itself, else true.
+    /// Where `visit` returns false, the nodes below that one are left out; the walk goes on with
+    /// the next sibling. \return false when `visit` refused this node itself, else true.
     virtual bool TraverseDo(bool (*visit)(Section&)) {
       return Walk(
           visit, [](Section&) { return true; },
@@ -59,7 +59,8 @@ class Tree {
     }
 
     /// The same, with `ctx` handed to both functions as their first argument.
-    virtual bool TraverseDo(void* ctx, bool (*pre)(void*, Section&), bool (*post)(void*, Section&)) {
+    virtual bool TraverseDo(void* ctx, bool (*pre)(void*, Section&),
+                            bool (*post)(void*, Section&)) {
       return Walk([ctx, pre](Section& candidate) { return pre(ctx, candidate); },
                   [ctx, post](Section& candidate) { return post(ctx, candidate); },
                   [ctx, pre, post](TreeNode& node) { node.TraverseDo(ctx, pre, post); });
@@ -67,20 +68,23 @@ class Tree {
 
     /// The first node, this one included, for which `pred(probe, its section)` is true.
     ///
-    /// A node comes before its children, and a child's whole subtree before the child's next sibling.
-    /// \return null when there is none. Cost: one call of `pred` for each node before the one found.
-    TreeNode* FindIf(const Section& probe, bool (*pred)(const Section& probe, const Section& candidate));
+    /// A node comes before its children, and a child's whole subtree before the child's next
+    /// sibling. \return null when there is none. Cost: one call of `pred` for each node before the
+    /// one found.
+    TreeNode* FindIf(const Section& probe,
+                     bool (*pred)(const Section& probe, const Section& candidate));
 
-    /// Deletes every node below this one, deepest first, and the child list; the node and its section
-    /// stay.
-    /// \return 0.
+    /// Deletes every node below this one, deepest first, and the child list; the node and its
+    /// section stay. \return 0.
     int DeleteAllItems() noexcept;
 
-    /// The node that this one hangs under; a node at the top of a file's tree has the holder's topNode.
+    /// The node that this one hangs under; a node at the top of a file's tree has the holder's
+    /// topNode.
     TreeNode* parent;
 
-    /// The nodes below this one in file order. Null until the first one comes: whoever adds it makes the
-    /// list. Owned, with the nodes in it. A null in the list is passed over by every walk.
+    /// The nodes below this one in file order. Null until the first one comes: whoever adds it
+    /// makes the list. Owned, with the nodes in it. A null in the list is passed over by every
+    /// walk.
     std::list<TreeNode*>* children;
 
     /// The name and lines of this block.
@@ -103,8 +107,8 @@ class Tree {
   };
 };
 
-/// The walk behind TraverseDo. A child of a class derived from TreeNode goes to `redirect`, so that its
-/// own overrides are called.
+/// The walk behind TraverseDo. A child of a class derived from TreeNode goes to `redirect`, so that
+/// its own overrides are called.
 template <class Section>
 template <class Pre, class Post, class Redirect>
 bool Tree<Section>::TreeNode::Walk(Pre pre, Post post, Redirect redirect) {

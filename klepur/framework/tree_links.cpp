@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <list>
 #include <memory>
 #include <utility>
 
@@ -19,15 +20,17 @@ bool HasSiblingList(const TreeNode& node) {
   return node.parent != nullptr && node.parent->children != nullptr;
 }
 
+/// The node's place in the child list of its parent, which must have one; the end when it is not
+/// there.
+std::list<TreeNode*>::iterator PlaceAmongSiblings(TreeNode& node) {
+  std::list<TreeNode*>& siblings = *node.parent->children;
+  return std::find(siblings.begin(), siblings.end(), &node);
+}
+
 }  // namespace
 
 TreeNode* FirstChild(const TreeNode& node) {
   return node.children == nullptr || node.children->empty() ? nullptr : node.children->front();
-}
-
-std::list<TreeNode*>::iterator PlaceAmongSiblings(TreeNode& node) {
-  std::list<TreeNode*>& siblings = *node.parent->children;
-  return std::find(siblings.begin(), siblings.end(), &node);
 }
 
 TreeNode* NextSibling(TreeNode& node) {
@@ -53,6 +56,19 @@ TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part) {
     if (NameHolds(**place, part)) return *place;
   }
   return nullptr;
+}
+
+bool Unlink(TreeNode& node) {
+  if (!HasSiblingList(node)) return false;
+  const auto place = PlaceAmongSiblings(node);
+  if (place == node.parent->children->end()) return false;
+  node.parent->children->erase(place);
+  return true;
+}
+
+bool IsWithin(const TreeNode* node, const TreeNode& block) {
+  while (node != nullptr && node != &block) node = node->parent;
+  return node != nullptr;
 }
 
 TreeNode* AppendChild(TreeNode& parent, CfSection&& section) {

@@ -5,7 +5,6 @@
 #include <klepur/framework/section_holder.h>
 #include <klepur/framework/tree.h>
 
-#include <list>
 #include <string_view>
 
 namespace klepur::internal {
@@ -18,10 +17,6 @@ inline constexpr char kRootName[] = "TREE_ROOT_SECTION";
 /// The first child; null when there is none.
 TreeNode* FirstChild(const TreeNode& node);
 
-/// The node's place in its parent's child list; the list's end when it is not there. The parent must have a
-/// child list. Cost: linear in the length of the list.
-std::list<TreeNode*>::iterator PlaceAmongSiblings(TreeNode& node);
-
 /// The node that follows in the parent's child list; null when there is none.
 TreeNode* NextSibling(TreeNode& node);
 
@@ -31,8 +26,15 @@ TreeNode* FirstChildHolding(const TreeNode& node, std::string_view part);
 /// The first of the following siblings whose name holds `part`; null when none does.
 TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part);
 
-/// Appends a new node that carries `section` as the last child of `parent`, making the child list when
-/// there is none, and returns it. When memory runs out nothing is appended.
+/// Takes a node out of its parent's child list without deleting it; false when it is not in it.
+/// Cost: linear in the length of the list.
+bool Unlink(TreeNode& node);
+
+/// Whether `node` is `block` or nested in it, however deep. Null is in no block.
+bool IsWithin(const TreeNode* node, const TreeNode& block);
+
+/// Appends a new node that carries `section` as the last child of `parent`, making the child list
+/// when there is none, and returns it. When memory runs out nothing is appended.
 TreeNode* AppendChild(TreeNode& parent, CfSection&& section);
 
 }  // namespace klepur::internal

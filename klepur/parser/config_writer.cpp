@@ -6,8 +6,8 @@
 //            entry* block*
 //            ["\n"] tabs(depth - 1) "}" "\n"
 //
-// with depth the number of blocks around the line; the last "\n" in brackets stands before the "}" of
-// top-level blocks only, unless the leftmost depth is 1.
+// with depth the number of blocks around the line; the last "\n" in brackets stands before the "}"
+// of top-level blocks only, unless the leftmost depth is 1.
 #include <klepur/framework/tree_links.h>
 #include <klepur/parser/dhcp_parser.h>
 

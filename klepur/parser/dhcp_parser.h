@@ -8,10 +8,11 @@
 
 #include <cstddef>
 
-/// Reads and writes one DHCP server configuration file. How text becomes a tree: see klepur::BlockParser.
+/// Reads and writes one DHCP server configuration file. How text becomes a tree: see
+/// klepur::BlockParser.
 ///
-/// While one lives, the system log is open under the identity "dhcpparser" with the process id. Use a new
-/// object for each file that is read.
+/// While one lives, the system log is open under the identity "dhcpparser" with the process id. Use
+/// a new object for each file that is read.
 class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
  public:
   /// Opens the system log: identity "dhcpparser", option LOG_PID, facility LOG_USER.
@@ -20,30 +21,31 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   /// Closes the output file when one is open, and the system log.
   ~DhcpParser() override;
 
-  /// Writes the first top-level node of `target`, the root section, to the file at `path`, replacing
-  /// what the file held. Further top-level nodes are not written.
+  /// Writes the first top-level node of `target`, the root section, to the file at `path`,
+  /// replacing what the file held. Further top-level nodes are not written.
   ///
   /// The layout: one line for each entry; a block as an empty line, its name, "{", its entries and
-  /// blocks, and "}", all indented by one tab for each block around them. A commented-out line has its
-  /// "#" in the first column, before the tabs. Reading what was written gives the same tree, and writing
-  /// that gives the same bytes.
+  /// blocks, and "}", all indented by one tab for each block around them. A commented-out line has
+  /// its
+  /// "#" in the first column, before the tabs. Reading what was written gives the same tree, and
+  /// writing that gives the same bytes.
   ///
-  /// Before the "}" of a top-level block there is an empty line unless this is the parser's first write
-  /// and the file's first block holds no blocks: each write adds to the leftmost depth the number of
-  /// levels on the way from the root's first child down through first children, and the empty line
-  /// stands whenever that sum is not 1.
+  /// Before the "}" of a top-level block there is an empty line unless this is the parser's first
+  /// write and the file's first block holds no blocks: each write adds to the leftmost depth the
+  /// number of levels on the way from the root's first child down through first children, and the
+  /// empty line stands whenever that sum is not 1.
   ///
   /// \param path    where to write; null is a file that cannot be opened.
   /// \param target  what to write; when null, the tree last read or written.
   /// \return true when the file was opened and written; a short write, as on a full disk, is not
-  ///         reported. False when there is no tree or its top level is empty, and when the file cannot
-  ///         be opened, which is then left as it was.
+  ///         reported. False when there is no tree or its top level is empty, and when the file
+  ///         cannot be opened, which is then left as it was.
   ///
   /// Cost: linear in the text written.
   bool FileWriter(const char* path, CfSectionHolder* target);
 
-  /// Writes a block's name, its "{" and its entries to the open file, one level deeper than the last.
-  /// A section named "TREE_ROOT_SECTION" is the root: level 0, no header. \return true.
+  /// Writes a block's name, its "{" and its entries to the open file, one level deeper than the
+  /// last. A section named "TREE_ROOT_SECTION" is the root: level 0, no header. \return true.
   bool WriteSection(CfSection& section);
 
   /// Writes a block's "}" to the open file and goes up one level. Nothing for the root. \return 0.

@@ -54,7 +54,7 @@ void syslog(int priority, const char* format, ...) {
 }
 
 // What the C library's headers make of syslog when a build asks for checked calls.
-void __syslog_chk(int priority, int /*flag*/, const char* format, ...);  // NOLINT
+void __syslog_chk(int priority, int /*flag*/, const char* format, ...);   // NOLINT
 void __syslog_chk(int priority, int /*flag*/, const char* format, ...) {  // NOLINT
   va_list arguments;
   va_start(arguments, format);

@@ -1,0 +1,125 @@
+// Internal: ConfigFile's changing of blocks.
+#ifndef KLEPUR_CONFIG_CHANGING_IMPL_H
+#define KLEPUR_CONFIG_CHANGING_IMPL_H
+
+#include <klepur/config/config_file.h>
+#include <klepur/config/param_list.h>
+
+#include <string>
+
+namespace klepur {
+
+template <class Vocabulary>
+int ConfigFile<Vocabulary>::ChangeSection(const Section& section, const char* newName) {
+  return ChangeTreeSection(section, ChooseBlock(section), newName);
+}
+
+template <class Vocabulary>
+int ConfigFile<Vocabulary>::ChangeTreeSection(const Section& section, CfSection* target,
+                                              const char* newName) {
+  if (target == nullptr) return 0;
+  if (newName != nullptr && section.type != SectionTypes::SECTION_GLOBAL &&
+      !Rename(*target, section.type, newName)) {
+    return 0;
+  }
+  Section wanted;
+  if (!DhcpToTree(section, wanted)) return 0;
+  // The block is read once: a second parameter of a type still looks for the line as it was.
+  Section current;
+  Section currentLines;
+  TreeToDhcp(*target, current, false);
+  if (!DhcpToTree(current, currentLines)) return 0;
+  for (const SectionParam& param : section.params) {
+    if (param.type == internal::kNameType) continue;
+    const SectionParam* const line = internal::FirstOfType(wanted.params, param.type);
+    if (internal::ValueOfType(current.params, param.type).empty()) {
+      AddLine(*target, line);
+      continue;
+    }
+    const std::string currentLine = internal::ValueOfType(currentLines.params, param.type);
+    CfSectionEntry* const entry = GetEntryFromList(&target->entryList, currentLine.c_str());
+    if (entry == nullptr) return 0;
+    if (param.value.empty()) {
+      target->RemoveEntry(entry);
+    } else {
+      ChangeLine(*entry, line);
+    }
+  }
+  return 1;
+}
+
+template <class Vocabulary>
+int ConfigFile<Vocabulary>::SetSectionParams(const Section& section) {
+  CfSection* const target = ChooseBlock(section);
+  if (target == nullptr || section.params.empty()) return 0;
+  target->ClearEntryList();
+  int added = 0;
+  for (const SectionParam& param : section.params) {
+    if (param.type == internal::kNameType) continue;
+    added = target->AddEntry(param.value.c_str(), nullptr, param.commented ? "#" : nullptr);
+    if (added == 0) return 0;
+  }
+  return added;
+}
+
+/// The block that a record of this type and name changes; null when there is none.
+template <class Vocabulary>
+CfSection* ConfigFile<Vocabulary>::ChooseBlock(const Section& section) {
+  if (!IsReady()) return nullptr;
+  TreeNode* block = nullptr;
+  switch (section.type) {
+    case SectionTypes::SECTION_GLOBAL:
+      block = Root();
+      break;
+    case SectionTypes::SECTION_SHARED_NETWORK:
+      block = currentNetwork;
+      break;
+    case SectionTypes::SECTION_SUBNET:
+      block = currentSubnet;
+      break;
+    case SectionTypes::SECTION_HOST:
+    case SectionTypes::SECTION_IF:
+      if (currentSubnet == nullptr) return nullptr;
+      block = FindBlock(section.type,
+                        internal::ValueOfType(section.params, internal::kNameType).c_str());
+      break;
+  }
+  return block == nullptr ? nullptr : &block->section;
+}
+
+template <class Vocabulary>
+bool ConfigFile<Vocabulary>::Rename(CfSection& target, SectionType type, const char* newName) {
+  Section named;
+  named.type = type;
+  named.params.push_back({false, internal::kNameType, newName});
+  Section treeForm;
+  if (!DhcpToTree(named, treeForm)) return false;
+  target.SetName(internal::ValueOfType(treeForm.params, internal::kNameType).c_str());
+  return true;
+}
+
+/// Adds the line of a tree-form parameter; nothing when it is null or empty.
+template <class Vocabulary>
+void ConfigFile<Vocabulary>::AddLine(CfSection& target, const SectionParam* line) {
+  if (line == nullptr || line->value.empty()) return;
+  CfSectionEntry entry;
+  entry.SetKeyName(line->value.c_str());
+  if (line->commented) entry.SetComment("#");
+  target.InsertEntry(&entry);
+}
+
+/// Gives an entry the text and the comment mark of a tree-form parameter; null is an empty, live
+/// line.
+template <class Vocabulary>
+void ConfigFile<Vocabulary>::ChangeLine(CfSectionEntry& entry, const SectionParam* line) {
+  entry.SetKeyName(line == nullptr ? "" : line->value.c_str());
+  if (line == nullptr || !line->commented) {
+    entry.UndoComment();
+  } else if (entry.GetComment() == nullptr) {
+    entry.SetComment("#");
+  }
+}
+
+}  // namespace klepur
+
+#endif
