@@ -43,8 +43,7 @@ class ConfigFile {
   using SectionType = SectionTypes::SectionType;
   using TreeNode = Tree<CfSection>::TreeNode;
 
-  // ---- Lifecycle
-  // ----------------------------------------------------------------------------------
+  // ---- Lifecycle ----
 
   /// A file without a name, which can neither be opened nor saved.
   ConfigFile();
@@ -72,8 +71,7 @@ class ConfigFile {
   /// sections that lookups returned are then gone.
   ///
   /// \return false when no file was named, or it is missing or unreadable, which the system log
-  /// says
-  ///         (DhcpParser::ParseFile). The tree then holds what was read before the failure.
+  ///         says (DhcpParser::ParseFile). The tree then holds what was read before the failure.
   /// Cost: linear in the file.
   bool Open();
 
@@ -83,31 +81,28 @@ class ConfigFile {
   /// Writes the tree to a file, replacing what the file held. The layout: DhcpParser::FileWriter.
   ///
   /// \param path  where to write; empty for the file named at construction. GetConfFileName() does
-  /// not
-  ///              change.
+  ///              not change.
   /// \return 1 when the file was opened and written; 0 when nothing has been read yet, no file was
-  /// named
-  ///         at construction, or the file cannot be opened (it is then left as it was). A short
-  ///         write, as on a full disk, is not reported.
+  ///         named at construction, or the file cannot be opened (it is then left as it was). A
+  ///         short write, as on a full disk, is not reported.
   /// Cost: linear in the text written.
   int Save(const std::string& path);
 
-  // ---- Finding tree nodes
-  // -------------------------------------------------------------------------
+  // ---- Finding tree nodes ----
 
   /// The first block whose whole header is `name`, looked for from `start` on, `start` itself
   /// included, then through everything nested in it, in file order.
   ///
   /// \param name   "host pc-17"; null for the root section "TREE_ROOT_SECTION", wherever `start`
-  /// is. \param start  null for the root section, that is the whole file. \return the node, which
-  /// stays the tree's, or null.
+  ///               is.
+  /// \param start  null for the root section, that is the whole file.
+  /// \return the node, which stays the tree's, or null.
   TreeNode* GetTreeItemByNameAt(const char* name, TreeNode* start);
 
   /// The same, but a null `name` finds nothing.
   TreeNode* GetTreeItemBySectionAt(const char* name, TreeNode* start);
 
-  // ---- Records and lines
-  // --------------------------------------------------------------------------
+  // ---- Records and lines ----
 
   /// Fills `record` from a block; what it held before is discarded.
   ///
@@ -117,10 +112,9 @@ class ConfigFile {
   /// a DHCPv4 subnet "10.0.0.0:255.0.0.0", the text up to " netmask " and the header's last word.
   ///
   /// \param rawEntries  false: each line that GetEntryType knows gives one parameter of its type.
-  /// Of
-  ///                    several lines of a type the last one's value and comment mark count, in the
-  ///                    first one's place. Lines of no known type are left out. True: every line
-  ///                    gives a parameter of type -1 with the whole line.
+  ///                    Of several lines of a type the last one's value and comment mark count, in
+  ///                    the first one's place. Lines of no known type are left out.
+  ///                    True: every line gives a parameter of type -1 with the whole line.
   /// \return true.
   ///
   /// How a value is read from its line is said at the parameter type. Odd lines give odd values,
@@ -134,12 +128,10 @@ class ConfigFile {
   ///
   /// \param in   values as the parameter types describe them: {PARAM_FIXED_ADDRESS, "10.0.0.5"}.
   /// \param out  gets the type of `in`, the header as its first parameter when `in` has a name,
-  /// then
-  ///             one line for each type in the order of first occurrence:
-  ///             "fixed-address 10.0.0.5;".
+  ///             then one line for each type in the order of first occurrence: "fixed-address
+  ///             10.0.0.5;".
   /// \return false when `in` has no parameters (`out` is left alone), or is a DHCPv4 subnet whose
-  /// name
-  ///         holds no ":" (`out` is then without parameters).
+  ///         name holds no ":" (`out` is then without parameters).
   ///
   /// Values are neither checked nor escaped. Parameters with an empty value are left out, those of
   /// the fixed statements too ("authoritative" wants some value, usually "exist"), and so are those
@@ -155,17 +147,17 @@ class ConfigFile {
   /// argument is null.
   CfSectionEntry* GetEntryFromList(const std::vector<CfSectionEntry*>* list, const char* text);
 
-  /// Copies the front of `src`, up to the first character that `stopChars` holds, to `dst`.
-  /// No NUL is put behind it: `dst` must have been prepared. Copies nothing when an argument is
-  /// null. \return `dst`.
+  /// Copies the front of `src`, up to the first character that `stopChars` holds, to `dst`. No NUL
+  /// is put behind it: `dst` must have been prepared. Copies nothing when an argument is null.
+  /// \return `dst`.
   char* GetValueFromBuffer(const char* src, const char* stopChars, char* dst);
 
   /// Cuts a value out of a line.
   ///
   /// \param separator  " ": everything behind the first blank; "host pc-17" gives "pc-17".
-  ///                   ";": what stands between the last blank and the first ";"; "max-lease-time
-  ///                   7200;" gives "7200". If the first ";" stands before the last blank:
-  ///                   everything behind it.
+  ///                   ";": what stands between the last blank and the first ";";
+  ///                   "max-lease-time 7200;" gives "7200". If the first ";" stands before the last
+  ///                   blank: everything behind that blank.
   /// \param out        left as it is for any other separator and when the line has no such places.
   void GetValueFromString(const std::string& line, const std::string& separator, std::string& out);
 
@@ -185,35 +177,31 @@ class ConfigFile {
   ///
   /// \param out  the elements are appended to it.
   /// \return true when the list ended at a ";". False when it did not; the elements found are in
-  /// `out`
-  ///         nonetheless. Counts as GetFirstDigit does: false, with nothing found, when the list's
-  ///         length modulo 65536 is 0 or has bit 15 set.
+  ///         `out` nonetheless. Counts as GetFirstDigit does: false, with nothing found, when the
+  ///         list's length modulo 65536 is 0 or has bit 15 set.
   bool GetNameServers(const char* line, std::list<std::string>* out);
 
-  // ---- Walking
-  // ------------------------------------------------------------------------------------
+  // ---- Walking ----
 
   /// Fetches the first block of the kind `section.type`.
   ///
   /// - SECTION_GLOBAL: the root section with the global statements.
   /// - SECTION_SHARED_NETWORK: the first block, whatever its kind, of the level that
-  /// `currentNetwork`
-  ///   stands on; it becomes `currentNetwork`. False without one.
+  ///   `currentNetwork` stands on; it becomes `currentNetwork`. False without one.
   /// - SECTION_SUBNET: the same with `currentSubnet`.
   /// - SECTION_HOST, SECTION_IF: the first block straight below `currentSubnet` whose header holds
   ///   "host " ("if "), among its first 65536.
   ///
-  /// The record's type tells what was found. \param rawEntries as for TreeToDhcp.
+  /// The record's type tells what was found.
+  /// \param rawEntries  as for TreeToDhcp.
   bool GetFirstSection(Section& section, bool rawEntries);
 
   /// Fetches the block that follows.
   ///
   /// - SECTION_SHARED_NETWORK, SECTION_SUBNET: the next sibling, whatever its kind, of the cursor,
-  /// which
-  ///   moves onto it. Nothing of `current` but its type counts. False at the last one.
+  ///   which moves onto it. Nothing of `current` but its type counts. False at the last one.
   /// - SECTION_HOST, SECTION_IF: the next sibling whose header holds "host " ("if ") behind the
-  /// block that
-  ///   `current` names; this is looked for below `currentSubnet`.
+  ///   block that `current` names; this is looked for below `currentSubnet`.
   /// - Any other kind: false.
   ///
   /// `current` and `next` may be the same record.
@@ -223,13 +211,11 @@ class ConfigFile {
   ///
   /// - SECTION_GLOBAL: both cursors become null. `name` may be null.
   /// - SECTION_SHARED_NETWORK: looked for in the whole file; becomes `currentNetwork`, and its
-  /// first
-  ///   block (or null) becomes `currentSubnet`.
+  ///   first block (or null) becomes `currentSubnet`.
   /// - SECTION_SUBNET: looked for below `currentNetwork`, or in the whole file without one; becomes
   ///   `currentSubnet`.
   /// - SECTION_HOST, SECTION_IF: only tells whether there is one below `currentSubnet`, or in the
-  /// whole
-  ///   file without one.
+  ///   whole file without one.
   ///
   /// \param name  the header behind its keyword: "office", or for a DHCPv4 subnet "10.0.0.0 netmask
   ///              255.0.0.0", not "10.0.0.0:255.0.0.0". False when null or empty.
@@ -243,8 +229,7 @@ class ConfigFile {
   /// is looked for like any other.
   bool GetSectionByName(Section& section, const char* name);
 
-  // ---- Lookup below the current subnet
-  // ------------------------------------------------------------
+  // ---- Lookup below the current subnet ----
 
   /// Fetches the first block straight below `currentSubnet` that holds exactly the line `keyname`:
   /// "fixed-address 10.0.0.5;". Any kind of block may be found.
@@ -263,23 +248,20 @@ class ConfigFile {
   /// "hardware ethernet 00:11:22:33:44:55;".
   bool GetHostByMACAddress(const char* mac, Section& section, bool rawEntries);
 
-  // ---- Adding
-  // -------------------------------------------------------------------------------------
+  // ---- Adding ----
 
   /// Adds a block, as the last one of its parent, by calling the function below that fits its type.
   ///
   /// \param section  bare values, in the form of DhcpToTree.
   /// \return what that function returned; 0 when the record has no name or an empty one, is of
-  /// another
-  ///         type, SECTION_GLOBAL included, or nothing was opened.
+  ///         another type, SECTION_GLOBAL included, or nothing was opened.
   /// Throws what AddSubnet throws.
   int AddSection(const Section& section);
 
   /// Adds a shared network at the end of the file and moves the cursors as GotoSection does.
   ///
   /// \return 0 when some block's whole header is the bare name, when DhcpToTree or AddTreeSection
-  /// fails,
-  ///         and when the block is not found again.
+  ///         fails, and when the block is not found again.
   ///
   /// A second network of the same name is not refused: it is added, and the cursors move to the
   /// older one.
@@ -292,8 +274,8 @@ class ConfigFile {
   /// without that, up to the first blank; else all of it.
   ///
   /// \return 0 when a subnet whose header is the keyword and the address stands at that level
-  /// already; when
-  ///         DhcpToTree or AddTreeSection fails; and when GotoSection does not find the address.
+  ///         already; when DhcpToTree or AddTreeSection fails; and when GotoSection does not find
+  ///         the address.
   ///
   /// DHCPv4 headers hold more than the address, so for a name with a mask neither search finds
   /// anything: an existing subnet of that address is not noticed, and the result is 0 although the
@@ -321,13 +303,11 @@ class ConfigFile {
   /// its type is.
   ///
   /// \return true when a block with at least one line was added. False when there is no header,
-  /// with
-  ///         nothing added; and when there are no lines: the empty block is added nonetheless.
+  ///         with nothing added; and when there are no lines: the empty block is added nonetheless.
   bool AddTreeSection(const Section& section, TreeNode* parent);
 
-  // ---- Removing
-  // -----------------------------------------------------------------------------------
-  //
+  // ---- Removing ----
+
   // A block goes with everything nested in it. A cursor that stands on or in a removed block and is
   // not moved elsewhere becomes null. Records and nodes of a removed block that the caller holds:
   // the records stay good, the nodes are gone.
@@ -340,8 +320,7 @@ class ConfigFile {
   /// RemoveSubnetSection with "10.0.0.0 netmask 255.0.0.0".
   ///
   /// \return what that function returned; 0 when the record has no name or an empty one, is of
-  /// another
-  ///         type, SECTION_GLOBAL included, or nothing was opened.
+  ///         another type, SECTION_GLOBAL included, or nothing was opened.
   /// Throws std::out_of_range as AddSubnet does, with nothing removed.
   int RemoveSection(const Section& section);
 
@@ -356,8 +335,8 @@ class ConfigFile {
   int RemoveNetwork(const char* name);
 
   /// Removes the first subnet whose header is the keyword and `name`, looked for below
-  /// `currentNetwork`, or in the whole file without one. \param name as for GotoSection: "10.0.0.0
-  /// netmask 255.0.0.0".
+  /// `currentNetwork`, or in the whole file without one.
+  /// \param name  as for GotoSection: "10.0.0.0 netmask 255.0.0.0".
   ///
   /// When it is `currentSubnet`, that cursor moves to the first block of `currentNetwork` (of the
   /// file without one), or the one that follows if that is the removed one, or null. If the block
@@ -369,16 +348,14 @@ class ConfigFile {
   /// Removes the host of this bare name from `currentSubnet`.
   ///
   /// \return 1; 0 without a `currentSubnet`, and when the first host of that name that stands below
-  /// it is
-  ///         not straight below it.
+  ///         it is not straight below it.
   int RemoveHostSection(const char* name);
 
   /// Removes an if block; otherwise as RemoveHostSection.
   int RemoveIFSection(const char* name);
 
-  // ---- Changing
-  // -----------------------------------------------------------------------------------
-  //
+  // ---- Changing ----
+
   // The block is chosen by the record's type: SECTION_GLOBAL is the root section; a shared network
   // is the one on `currentNetwork` and a subnet the block on `currentSubnet`, whatever the record's
   // name is; a host or if block is the first of the record's name below `currentSubnet`, however
@@ -404,28 +381,25 @@ class ConfigFile {
   /// the record says.
   ///
   /// \return 1; 0 when `target` is null, when the new name or the record cannot be put into tree
-  /// form
-  ///         (DhcpToTree), and when a line to rewrite or remove is not found by its text: its
+  ///         form (DhcpToTree), and when a line to rewrite or remove is not found by its text: its
   ///         spacing is another, it was rewritten by an earlier parameter of the same type, or its
   ///         value was read only in part. Lines changed by then stay changed.
   int ChangeTreeSection(const Section& section, CfSection* target, const char* newName);
 
   /// Empties the block and fills it with the record's values, each one whole line as it stands,
-  /// with its
-  /// ";". Comments and unknown lines go too; the name stays.
+  /// with its ";". Comments and unknown lines go too; the name stays.
   ///
   /// \return 1 when at least one line was added. 0 when there is no such block or the record has no
   ///         parameters, with nothing changed; and when it has only a name: the block is then
   ///         empty.
   int SetSectionParams(const Section& section);
 
-  // ---- Subnet queries
-  // -----------------------------------------------------------------------------
+  // ---- Subnet queries ----
 
   /// Fills `subnet` with the address in the header of the block on `currentSubnet`: "10.0.0.0".
   /// That is the text between the first blank and " netmask ", or the end when there is none, as in
-  /// DHCPv6: "2001:db8:1::/64". The kind of the block plays no part. \return 1, or 0 without a
-  /// `currentSubnet`.
+  /// DHCPv6: "2001:db8:1::/64". The kind of the block plays no part.
+  /// \return 1, or 0 without a `currentSubnet`.
   int GetSubnet(std::string& subnet);
 
  protected:

@@ -12,7 +12,8 @@
 namespace klepur::internal {
 
 /// The name up to the first ","; without one, where the family says so, up to the first ":";
-/// without that, up to the first blank; else all of it. Throws as ConfigFile::AddSubnet says.
+/// without that, up to the first blank; else all of it.
+/// Throws as ConfigFile::AddSubnet says.
 template <class Vocabulary>
 std::string SubnetAddressOf(const SectionRecord<Vocabulary>& section) {
   return AddressPart(ValueOfType(section.params, kNameType),

@@ -33,7 +33,7 @@ extern template class KLEPUR_EXPORT ConfigFile<DhcpVocabulary>;
 /// - **Lookup:** GetHostByName, GetHostByIp, GetHostByMACAddress, GetSectionByKeyname
 /// - **Adding:** AddSection, and AddNetwork, AddSubnet, AddHost, AddIFSection
 /// - **Removing:** RemoveSection, and RemoveNetwork, RemoveSubnetSection, RemoveHostSection,
-/// RemoveIFSection
+///   RemoveIFSection
 /// - **Changing:** ChangeSection, SetSectionParams
 /// - **Subnet queries:** GetSubnet, GetNetmaskBySubnet
 class KLEPUR_EXPORT DhcpConfigFile : public klepur::ConfigFile<klepur::DhcpVocabulary> {
@@ -50,11 +50,9 @@ class KLEPUR_EXPORT DhcpConfigFile : public klepur::ConfigFile<klepur::DhcpVocab
   /// is.
   ///
   /// \param subnet  four octets, "10.0.0.0". A text with fewer must not be passed; what is there is
-  /// then
-  ///                turned into a mask.
+  ///                then turned into a mask.
   /// \return "255.0.0.0" and one zero byte, ten bytes in all: the text keeps the zero byte that
-  /// ends
-  ///         `subnet`. Empty for null.
+  ///         ends `subnet`. Empty for null.
   ///
   /// Digits of a longer earlier octet are left over behind those of a shorter one, so "192.168.1.0"
   /// gives "255.255.255.255": its last octet is read as "068". Of an octet of more than three

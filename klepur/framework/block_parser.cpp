@@ -64,7 +64,8 @@ bool BlockParser::ParseFile(const char* path, void* target) {
       return false;
     }
     return ParseInstalledStream(path, target);
-  } catch (const std::exception* reason) {
+    // A stream of a caller's own may throw a pointer.
+  } catch (const std::exception* reason) {  // NOLINT(misc-throw-by-value-catch-by-reference)
     AbandonParse();
     LogUnreadable(path, *reason);
   } catch (const std::exception& reason) {

@@ -15,14 +15,12 @@ namespace klepur {
 /// words.
 ///
 /// - A statement is the text up to and including the next ";", line ends dropped. It becomes an
-/// entry of
-///   its block with that text as its key.
+///   entry of its block with that text as its key.
 /// - A comment is "#" to the end of the line. It becomes an entry with the text behind the "#",
-/// without
-///   the blanks around it, and with the comment "#". Text before the "#" that no ";" has ended is
-///   joined in front of it.
+///   without the blanks around it, and with the comment "#". Text before the "#" that no ";" has
+///   ended is joined in front of it.
 /// - "{" opens a block. Its name is the text before the "{" and the rest of that line. It ends at
-/// "}".
+///   "}".
 /// - "{" on a line that holds a ";" opens none: "host a { fixed-address 10.0.0.5; }" is one entry.
 /// - Text before a "}" that no ";" has ended becomes the front of the next statement.
 /// - After a "}" too many, what follows hangs beside the root section, not below it.
@@ -36,21 +34,22 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   /// Closes the output file when one is open.
   ~BlockParser() override;
 
-  /// Reads the file at `path` into the tree of the CfSectionHolder that `holder` points at.
+  /// Reads the file at `path` into the tree of the CfSectionHolder that `target` points at.
   ///
   /// \return true when the whole file was read. False when it does not exist (logged as a warning),
-  /// when
-  ///         it cannot be opened or read, holds a NUL byte or memory runs out (logged as
+  ///         when it cannot be opened or read, holds a NUL byte or memory runs out (logged as
   ///         information, with the reason), or when a stream that a derived class installed brings
   ///         unknown tokens. What was built by then stays in the tree.
   ///
   /// A stream that is already installed is read in place of the file. After an exception the lexer
-  /// stays in its slot, at its end, until the next parse. Cost: linear in the file.
-  bool ParseFile(const char* path, void* holder) override;
+  /// stays in its slot, at its end, until the next parse.
+  /// Cost: linear in the file.
+  bool ParseFile(const char* path, void* target) override;
 
-  /// Reads what the installed lexer brings. False when `holder` is null, and at a token that is not
-  /// of a kind listed in token.h. Throws what the lexer throws, and std::bad_alloc.
-  bool DoParse(void* holder) override;
+  /// Reads what the installed lexer brings. False when `target` is null, and at a token that is not
+  /// of a kind listed in token.h.
+  /// Throws what the lexer throws, and std::bad_alloc.
+  bool DoParse(void* target) override;
 
   /// Appends the text of every token to the line buffer up to the next line end, which it consumes.
   /// \return the line end, or null at the end of the input.
@@ -76,7 +75,8 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   /// Stores `text` as an entry of the current block; as a comment when the last punctuator was "#".
   ///
   /// Trailing blanks, and before a comment leading ones too, are cut off `text` itself; then the
-  /// line buffer is emptied. \return what CfSection::AddEntry returned; 0 when no block is current.
+  /// line buffer is emptied.
+  /// \return what CfSection::AddEntry returned; 0 when no block is current.
   int AddSectionParameter(std::string& text);
 
   /// Makes the root section once in an object's life. False when no parse has named a holder yet.

@@ -16,18 +16,16 @@
 /// - A run of space, tab, "\v", "\f" and "\r" that no "\n" follows is one blank.
 /// - "#", ";", "{" and "}" are one punctuator each.
 /// - A double quote opens a quoted string that runs to the next one on the same line; a backslash
-/// in it
-///   takes the next character along. It may begin inside a word. A double quote that nothing closes
-///   on its line is an ordinary character, and so is a backslash outside a quoted string.
+///   in it takes the next character along. It may begin inside a word. A double quote that nothing
+///   closes on its line is an ordinary character, and so is a backslash outside a quoted string.
 /// - Everything else makes words, bytes from 0x80 on and control characters included; a word of
-/// digits
-///   alone is a number.
+///   digits alone is a number.
 ///
 /// Cost: linear in the text; memory for the longest line and a fixed buffer.
 class KLEPUR_EXPORT CfLex {
  public:
   /// \param stream  where the text comes from; not owned, and must live as long as tokens are
-  /// taken. The second argument has no effect.
+  ///                taken. The second argument has no effect.
   CfLex(StreamIterator* stream, bool);
   CfLex(const CfLex&) = delete;
   CfLex& operator=(const CfLex&) = delete;

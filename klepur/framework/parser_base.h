@@ -29,7 +29,8 @@ class KLEPUR_EXPORT CfParser {
   virtual bool DoParse(void* holder) = 0;
 
   /// The lexer's next token, valid until the next call; null at the end of the input and when there
-  /// is no lexer. Throws what the lexer throws.
+  /// is no lexer.
+  /// Throws what the lexer throws.
   klepur::Token* GetToken();
 
  protected:

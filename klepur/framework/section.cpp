@@ -44,7 +44,7 @@ int CfSection::Append(const char* key, const char* comment) {
   entry->SetKeyName(key);
   entry->SetComment(comment);
   entryList.push_back(entry.get());
-  entry.release();
+  static_cast<void>(entry.release());  // the list owns it now
   return 1;
 }
 

@@ -16,7 +16,8 @@ class KLEPUR_EXPORT CfSection {
   /// A section without a name and without lines.
   CfSection() noexcept;
 
-  /// An independent copy of name and lines. Cost: linear in their text.
+  /// An independent copy of name and lines.
+  /// Cost: linear in their text.
   CfSection(const CfSection& other);
 
   /// Takes over name and lines; `other` is then as if default-constructed.
@@ -51,7 +52,8 @@ class KLEPUR_EXPORT CfSection {
   int RemoveEntry(CfSectionEntry* entry);
 
   /// The first line whose text equals the key name of `probe` byte for byte, comments included; the
-  /// end of `entryList` when there is none or `probe` is null. Cost: linear in the number of lines.
+  /// end of `entryList` when there is none or `probe` is null.
+  /// Cost: linear in the number of lines.
   std::vector<CfSectionEntry*>::iterator FindEntry(CfSectionEntry* probe);
 
   /// Deletes every line. The name stays.

@@ -25,8 +25,7 @@ class Tree {
    public:
     /// A node without children that carries a copy of `payload`.
     /// \param above  the node it will hang under, null for a topmost one. The node does not enter
-    /// that
-    ///               node's child list by itself: append it there.
+    ///               that node's child list by itself: append it there.
     TreeNode(TreeNode* above, const Section& payload) : TreeNode(above, Section(payload)) {}
 
     /// The same, taking over what `payload` holds.
@@ -43,7 +42,8 @@ class Tree {
     /// Calls `visit` on this node's section and then on those below it.
     ///
     /// Where `visit` returns false, the nodes below that one are left out; the walk goes on with
-    /// the next sibling. \return false when `visit` refused this node itself, else true.
+    /// the next sibling.
+    /// \return false when `visit` refused this node itself, else true.
     virtual bool TraverseDo(bool (*visit)(Section&)) {
       return Walk(
           visit, [](Section&) { return true; },
@@ -69,13 +69,15 @@ class Tree {
     /// The first node, this one included, for which `pred(probe, its section)` is true.
     ///
     /// A node comes before its children, and a child's whole subtree before the child's next
-    /// sibling. \return null when there is none. Cost: one call of `pred` for each node before the
-    /// one found.
+    /// sibling.
+    /// \return null when there is none.
+    /// Cost: one call of `pred` for each node before the one found.
     TreeNode* FindIf(const Section& probe,
                      bool (*pred)(const Section& probe, const Section& candidate));
 
     /// Deletes every node below this one, deepest first, and the child list; the node and its
-    /// section stay. \return 0.
+    /// section stay.
+    /// \return 0.
     int DeleteAllItems() noexcept;
 
     /// The node that this one hangs under; a node at the top of a file's tree has the holder's

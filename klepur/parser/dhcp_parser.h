@@ -26,9 +26,8 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   ///
   /// The layout: one line for each entry; a block as an empty line, its name, "{", its entries and
   /// blocks, and "}", all indented by one tab for each block around them. A commented-out line has
-  /// its
-  /// "#" in the first column, before the tabs. Reading what was written gives the same tree, and
-  /// writing that gives the same bytes.
+  /// its "#" in the first column, before the tabs. Reading what was written gives the same tree,
+  /// and writing that gives the same bytes.
   ///
   /// Before the "}" of a top-level block there is an empty line unless this is the parser's first
   /// write and the file's first block holds no blocks: each write adds to the leftmost depth the
@@ -45,10 +44,12 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   bool FileWriter(const char* path, CfSectionHolder* target);
 
   /// Writes a block's name, its "{" and its entries to the open file, one level deeper than the
-  /// last. A section named "TREE_ROOT_SECTION" is the root: level 0, no header. \return true.
+  /// last. A section named "TREE_ROOT_SECTION" is the root: level 0, no header.
+  /// \return true.
   bool WriteSection(CfSection& section);
 
-  /// Writes a block's "}" to the open file and goes up one level. Nothing for the root. \return 0.
+  /// Writes a block's "}" to the open file and goes up one level. Nothing for the root.
+  /// \return 0.
   int WriteSectionEnd(CfSection& section);
 
   /// Writes a text to the open file.
