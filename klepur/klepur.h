@@ -14,6 +14,8 @@
 #include <klepur/framework/section_holder.h>
 #include <klepur/framework/stream_iterator.h>
 #include <klepur/framework/tree.h>
+#include <klepur/leases/lease_store.h>
+#include <klepur/leases/leases_parser.h>
 #include <klepur/parser/dhcp_parser.h>
 
 #endif
