@@ -1,4 +1,4 @@
-// Opens a DHCPv4 configuration file and saves it unedited, which makes its layout uniform.
+// Reads a configuration file of either family and writes it back unedited, which makes its layout uniform.
 //
 //     rewrite FILE
 #include <klepur/klepur.h>
@@ -11,12 +11,13 @@ int main(int argc, char** argv) {
     std::cerr << "usage: rewrite FILE\n";
     return EXIT_FAILURE;
   }
-  DhcpConfigFile file(argv[1]);
-  if (!file.Open()) {
+  CfSectionHolder tree;
+  DhcpParser parser;
+  if (!parser.ParseFile(argv[1], &tree)) {
     std::cerr << "rewrite: cannot read " << argv[1] << ", see the system log\n";
     return EXIT_FAILURE;
   }
-  if (!file.Save("")) {
+  if (!parser.FileWriter(argv[1], &tree)) {
     std::cerr << "rewrite: cannot write " << argv[1] << "\n";
     return EXIT_FAILURE;
   }
