@@ -3,27 +3,17 @@
 //     open_and_save FILE
 #include <klepur/klepur.h>
 #include <stdlib.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
 
+#include "benchmarks/measure.h"
+
 namespace {
-
-double Seconds() {
-  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
-
-double PeakMegabytes() {
-  rusage usage = {};
-  getrusage(RUSAGE_SELF, &usage);
-  return static_cast<double>(usage.ru_maxrss) / 1024;
-}
 
 /// A file of this process's own that is removed at the end.
 class TemporaryFile {
