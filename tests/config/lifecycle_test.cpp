@@ -498,10 +498,10 @@ TYPED_TEST(Opening, OldParserClosesTheLogBeforeTheNewOneOpensIt) {
 // ---- ReadDhcpConfigFile
 
 template <class Family>
-class Reading : public LifecycleFixture<Family> {};
-TYPED_TEST_SUITE(Reading, Families, FamilyNames);
+class ReadingAlone : public LifecycleFixture<Family> {};
+TYPED_TEST_SUITE(ReadingAlone, Families, FamilyNames);
 
-TYPED_TEST(Reading, PlacesNoCursors) {
+TYPED_TEST(ReadingAlone, PlacesNoCursors) {
   this->Unopened(kNested);
   EXPECT_TRUE(this->Conf().ReadDhcpConfigFile());
   EXPECT_EQ(this->Conf().isRead, 1);
@@ -509,26 +509,26 @@ TYPED_TEST(Reading, PlacesNoCursors) {
   EXPECT_EQ(this->Cursors(), "null / null");
 }
 
-TYPED_TEST(Reading, WithoutANameFailsAndDoesNotCount) {
+TYPED_TEST(ReadingAlone, WithoutANameFailsAndDoesNotCount) {
   typename TestFixture::File file;
   EXPECT_FALSE(file.ReadDhcpConfigFile());
   EXPECT_EQ(file.isRead, 0);
 }
 
-TYPED_TEST(Reading, MissingFileFailsAndCounts) {
+TYPED_TEST(ReadingAlone, MissingFileFailsAndCounts) {
   this->At("/nowhere/dhcpd.conf");
   EXPECT_FALSE(this->Conf().ReadDhcpConfigFile());
   EXPECT_EQ(this->Conf().isRead, 1);
 }
 
-TYPED_TEST(Reading, TwicePutsTheSecondContentBesideTheRootSection) {
+TYPED_TEST(ReadingAlone, TwicePutsTheSecondContentBesideTheRootSection) {
   this->Unopened("log x;\nhost a {\n}\n");
   EXPECT_TRUE(this->Conf().ReadDhcpConfigFile());
   EXPECT_TRUE(this->Conf().ReadDhcpConfigFile());
   EXPECT_EQ(this->Tree(), "log x;\n[TREE_ROOT_SECTION]\n  log x;\n  [host a]\n[host a]\n");
 }
 
-TYPED_TEST(Reading, OpenBehindItStartsOver) {
+TYPED_TEST(ReadingAlone, OpenBehindItStartsOver) {
   this->Unopened("log x;\nhost a {\n}\n");
   EXPECT_TRUE(this->Conf().ReadDhcpConfigFile());
   EXPECT_TRUE(this->Open());
@@ -536,7 +536,7 @@ TYPED_TEST(Reading, OpenBehindItStartsOver) {
   EXPECT_EQ(this->Cursors(), "null / host a");
 }
 
-TYPED_TEST(Reading, ExceptionOfTheParserIsSwallowedAndDoesNotCount) {
+TYPED_TEST(ReadingAlone, ExceptionOfTheParserIsSwallowedAndDoesNotCount) {
   this->Unopened(kNested);
   delete std::exchange(this->Conf().parser, new ThrowingParser);
   EXPECT_FALSE(this->Conf().ReadDhcpConfigFile());
