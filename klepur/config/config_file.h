@@ -21,16 +21,22 @@ namespace klepur {
 /// blocks are being walked, or null at the top level. `currentSubnet` is a block below it or,
 /// without one, a top-level block; hosts and if blocks are looked for, added and removed below it.
 /// Each operation says how it moves them; where it says nothing, and on every failure unless it
-/// says so, they stay.
+/// says so, they stay. A cursor that stands on or in a block that is removed, and is not moved
+/// elsewhere, becomes null.
 ///
 /// **Names.** A block's header is its name in the tree: "host pc-17". Headers are compared whole,
 /// byte for byte, so the spacing of the file counts. A "bare name" is the header without its
 /// keyword: "pc-17".
 ///
 /// **Results.** Operations that return bool or int return true or 1 for success, false or 0 for
-/// failure or a miss. They log nothing and throw nothing but std::bad_alloc and what they name.
-/// Before the first Open every operation that needs the tree fails. A record or text that is to be
-/// filled is left as it was on failure. A null where a text or record is wanted fails.
+/// failure or a miss. They log nothing and throw nothing but std::bad_alloc and what they name. A
+/// record or text that is to be filled is left as it was on failure. A null where a text or record
+/// is wanted fails.
+///
+/// **Before the first Open** every operation that looks for a block fails. AddNetwork, AddHost,
+/// AddIFSection and AddTreeSection do not ask whether there is a file: they begin a tree whose top
+/// level is the new block, Save writes that block alone, and Open then reads the file behind it.
+/// Call AddSection, which refuses.
 ///
 /// **Cost.** An operation that looks for a block by its header reads the headers of the blocks
 /// before it.
@@ -67,8 +73,8 @@ class ConfigFile {
   /// `currentSubnet` its first block (null if it has none). Otherwise `currentNetwork` becomes null
   /// and `currentSubnet` the first block. Both become null when the file has no blocks.
   ///
-  /// Called again it discards the tree with all unsaved edits and reads the file anew; nodes and
-  /// sections that lookups returned are then gone.
+  /// Called again it discards the tree with all unsaved edits, makes both cursors null and reads
+  /// the file anew; nodes and sections that lookups returned are then gone, also when it fails.
   ///
   /// \return false when no file was named, or it is missing or unreadable, which the system log
   ///         says (DhcpParser::ParseFile). The tree then holds what was read before the failure.
@@ -82,9 +88,9 @@ class ConfigFile {
   ///
   /// \param path  where to write; empty for the file named at construction. GetConfFileName() does
   ///              not change.
-  /// \return 1 when the file was opened and written; 0 when nothing has been read yet, no file was
-  ///         named at construction, or the file cannot be opened (it is then left as it was). A
-  ///         short write, as on a full disk, is not reported.
+  /// \return 1 when the file was opened and written; 0 when there is no tree yet, no file was named
+  ///         at construction, or the file cannot be opened (it is then left as it was). A short
+  ///         write, as on a full disk, is not reported.
   /// Cost: linear in the text written.
   int Save(const std::string& path);
 
@@ -119,8 +125,10 @@ class ConfigFile {
   ///
   /// How a value is read from its line is said at the parameter type. Odd lines give odd values,
   /// never an error: a list without an address gives "wrong value"; of a value with blanks the last
-  /// word is read; a statement that wants an argument and has none, or has no ";", gets the value
-  /// of the parameter read before it in the block, or the block's name.
+  /// word is read, so "option routers;" gives "routers" and "ping-check ;" an empty text. A line
+  /// that wants an argument and holds no blank or no ";" gets the value of the parameter read
+  /// before it in the block, or the block's name; a quoted value loses a character at each end even
+  /// then.
   bool TreeToDhcp(const CfSection& section, Section& record, bool rawEntries);
 
   /// Puts a record into tree form: the name parameter becomes the whole header, each other
@@ -267,8 +275,9 @@ class ConfigFile {
   /// older one.
   int AddNetwork(const Section& section);
 
-  /// Adds a subnet below `currentNetwork`, or at the end of the file without one, and makes it
-  /// `currentSubnet` if GotoSection finds it under its address.
+  /// Adds a subnet below `currentNetwork`, or at the end of the file without one, and goes to its
+  /// address by GotoSection. Without a `currentNetwork` that may be an older subnet of the same
+  /// name, inside a shared network.
   ///
   /// The address is the name up to the first ","; without one, in DHCPv4, up to the first ":";
   /// without that, up to the first blank; else all of it.
@@ -287,16 +296,16 @@ class ConfigFile {
 
   /// Adds a host below `currentSubnet`, or at the end of the file without one.
   ///
-  /// \return 0 when `currentSubnet` has such a host straight below it, or when DhcpToTree or
-  ///         AddTreeSection fails. Without a `currentSubnet` a second host of the same name is not
-  ///         refused.
+  /// \return 0 when the first host of that name in `currentSubnet` stands straight below it, or
+  ///         when DhcpToTree or AddTreeSection fails. A second host of the same name is not refused
+  ///         without a `currentSubnet`, nor when the first one is nested deeper.
   int AddHost(const Section& section);
 
   /// Adds an if block; otherwise as AddHost.
   int AddIFSection(const Section& section);
 
-  /// Appends a block made of a tree-form record (DhcpToTree) below `parent`, or the root section
-  /// when that is null.
+  /// Appends a block made of a tree-form record (DhcpToTree) below `parent`, when that is null
+  /// below the root section, and at the holder's top level before there is one.
   ///
   /// Lines are stored as they are. One with an empty value is left out, but if it is the first,
   /// nothing is added and the result is false. A line is commented out if the first parameter of
@@ -308,9 +317,8 @@ class ConfigFile {
 
   // ---- Removing ----
 
-  // A block goes with everything nested in it. A cursor that stands on or in a removed block and is
-  // not moved elsewhere becomes null. Records and nodes of a removed block that the caller holds:
-  // the records stay good, the nodes are gone.
+  // A block goes with everything nested in it. Records and nodes of a removed block that the caller
+  // holds: the records stay good, the nodes are gone.
 
   /// Removes the block of the record's type and name by calling the function below that fits its
   /// type.
@@ -331,7 +339,8 @@ class ConfigFile {
   /// otherwise `currentNetwork` becomes null and `currentSubnet` that block. Both become null when
   /// there is none.
   ///
-  /// \return 1, or 0 when there is none.
+  /// \return 1, or 0 when there is none. Also 0 when a block in it was hung into another child list
+  ///         by hand: what stands before that block is then gone, and the cursors have moved.
   int RemoveNetwork(const char* name);
 
   /// Removes the first subnet whose header is the keyword and `name`, looked for below
@@ -342,7 +351,7 @@ class ConfigFile {
   /// file without one), or the one that follows if that is the removed one, or null. If the block
   /// moved to is a shared network, it becomes `currentNetwork` and its first block `currentSubnet`.
   ///
-  /// \return 1, or 0 when there is none.
+  /// \return as RemoveNetwork.
   int RemoveSubnetSection(const char* name);
 
   /// Removes the host of this bare name from `currentSubnet`.

@@ -59,6 +59,7 @@ bool ConfigFile<Vocabulary>::TreeToDhcp(const CfSection& section, Section& recor
   std::string value = internal::NameFromHeader<Vocabulary>(header, record.type);
   record.params.push_back({false, internal::kNameType, value});
   for (const CfSectionEntry* entry : section.entryList) {
+    if (entry == nullptr) continue;
     const std::string line = entry->GetKeyName();
     const bool commented = entry->GetComment() != nullptr;
     if (rawEntries) {
@@ -104,7 +105,7 @@ CfSectionEntry* ConfigFile<Vocabulary>::GetEntryFromList(const std::vector<CfSec
                                                          const char* text) {
   if (list == nullptr || text == nullptr) return nullptr;
   for (CfSectionEntry* entry : *list) {
-    if (std::strstr(entry->GetKeyName(), text) != nullptr) return entry;
+    if (entry != nullptr && std::strstr(entry->GetKeyName(), text) != nullptr) return entry;
   }
   return nullptr;
 }

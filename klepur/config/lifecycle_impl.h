@@ -8,6 +8,7 @@
 #include <klepur/framework/tree_links.h>
 
 #include <memory>
+#include <new>
 #include <string>
 
 namespace klepur {
@@ -70,15 +71,18 @@ void ConfigFile<Vocabulary>::DiscardTree() {
     holder = new CfSectionHolder;
   }
   if (parser != nullptr) {
-    // The old parser closes the system log before the new one opens it.
+    // The old parser closes the system log before the new one opens it. It stays when there is no
+    // memory for the new one.
+    void* const memory = ::operator new(sizeof(DhcpParser));
     delete parser;
-    parser = nullptr;
-    parser = new DhcpParser;
+    parser = new (memory) DhcpParser;
   }
 }
 
 template <class Vocabulary>
 void ConfigFile<Vocabulary>::PlaceCursors() {
+  currentNetwork = nullptr;
+  currentSubnet = nullptr;
   TreeNode* const root = Root();
   TreeNode* const first = root == nullptr ? nullptr : internal::FirstChild(*root);
   if (first != nullptr && !PlaceCursorsOn(first)) currentSubnet = first;

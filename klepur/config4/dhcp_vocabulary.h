@@ -41,7 +41,7 @@ struct DhcpVocabulary {
     PARAM_TFTP_SERVER_NAME = 23,      ///< option tftp-server-name, quoted
     PARAM_AUTHORITATIVE = 24,         ///< authoritative: "exist"
     PARAM_CLIENT_IDENTIFIER = 25,     ///< option dhcp-client-identifier, quoted
-    PARAM_IP_LINE = 26,               ///< a line with "IPLine" or "Special", whole but for its ";"
+    PARAM_IP_LINE = 26,               ///< a line with "IPLine" or "Special", less its end
     PARAM_PING_CHECK = 27,            ///< ping-check
     PARAM_PING_TIMEOUT = 28,          ///< ping-timeout, seconds
   };

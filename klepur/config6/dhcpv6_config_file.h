@@ -16,7 +16,8 @@ extern template class KLEPUR_EXPORT ConfigFile<Dhcpv6Vocabulary>;
 ///
 /// It differs from DhcpConfigFile in its statements and in its subnets: their keyword is "subnet6",
 /// and their name is the prefix as it stands, "2001:db8:1::/64", in records and for GotoSection
-/// alike. So AddSection makes the new subnet current and refuses a second one, and RemoveSection
+/// alike. So AddSection refuses a second one of that name at its level and makes the first one of
+/// that name current, which is the new one unless a shared network has one too; and RemoveSection
 /// finds it.
 ///
 ///     Dhcpv6ConfigFile file("/etc/dhcp/dhcpd6.conf");

@@ -20,7 +20,8 @@ struct Dhcpv6Vocabulary {
 
     /// option dhcp6.name-servers. It is read with the keyword's second word as the first element,
     /// "dhcp6.name-servers, 2001:db8::1", and written as it stands: take that element off before
-    /// writing.
+    /// adding it to another block. ChangeSection does not find such a line, so it can neither
+    /// change nor remove it: SetSectionParams can.
     PARAM6_NAME_SERVERS = 1,
     PARAM6_SNTP_SERVERS = 2,  ///< option dhcp6.sntp-servers; read and written in the same way
 
@@ -36,7 +37,7 @@ struct Dhcpv6Vocabulary {
     PARAM6_FQDN = 13,                  ///< option dhcp6.fqdn, quoted
     PARAM6_SERVER_NAME = 14,           ///< server-name, quoted
     PARAM6_AUTHORITATIVE = 15,         ///< authoritative: "exist"
-    PARAM6_IP_LINE = 16,               ///< a line with "IPLine" or "Special", whole but for its ";"
+    PARAM6_IP_LINE = 16,               ///< a line with "IPLine" or "Special", less its end
     PARAM6_PING_CHECK = 17,            ///< ping-check
     PARAM6_PING_TIMEOUT = 18,          ///< ping-timeout, seconds
   };

@@ -93,6 +93,7 @@ void BlockParser::AbandonParse() noexcept {
   if (lexer != nullptr) lexer->Detach();
   delete stream;
   stream = nullptr;
+  currentToken = nullptr;
 }
 
 bool BlockParser::DoParse(void* target) {

@@ -21,7 +21,8 @@ namespace klepur {
 ///   ended is joined in front of it.
 /// - "{" opens a block. Its name is the text before the "{" and the rest of that line. It ends at
 ///   "}".
-/// - "{" on a line that holds a ";" opens none: "host a { fixed-address 10.0.0.5; }" is one entry.
+/// - "{" opens none when the text before it or the rest of its line holds a ";", in quotes too:
+///   "host a { fixed-address 10.0.0.5; }" is one entry.
 /// - Text before a "}" that no ";" has ended becomes the front of the next statement.
 /// - After a "}" too many, what follows hangs beside the root section, not below it.
 ///
@@ -38,8 +39,8 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   ///
   /// \return true when the whole file was read. False when it does not exist (logged as a warning),
   ///         when it cannot be opened or read, holds a NUL byte or memory runs out (logged as
-  ///         information, with the reason), or when a stream that a derived class installed brings
-  ///         unknown tokens. What was built by then stays in the tree.
+  ///         information, with the reason), and whenever DoParse returns false. What was built by
+  ///         then stays in the tree.
   ///
   /// A stream that is already installed is read in place of the file. After an exception the lexer
   /// stays in its slot, at its end, until the next parse.

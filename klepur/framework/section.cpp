@@ -11,7 +11,7 @@ CfSection::CfSection(const CfSection& other) : CfSection() {
   name_ = other.name_;
   entryList.reserve(other.entryList.size());
   for (const CfSectionEntry* entry : other.entryList) {
-    entryList.push_back(new CfSectionEntry(*entry));
+    if (entry != nullptr) entryList.push_back(new CfSectionEntry(*entry));
   }
 }
 
@@ -59,7 +59,7 @@ int CfSection::RemoveEntry(CfSectionEntry* entry) {
 std::vector<CfSectionEntry*>::iterator CfSection::FindEntry(CfSectionEntry* probe) {
   if (probe == nullptr) return entryList.end();
   return std::find_if(entryList.begin(), entryList.end(), [probe](const CfSectionEntry* entry) {
-    return std::strcmp(entry->GetKeyName(), probe->GetKeyName()) == 0;
+    return entry != nullptr && std::strcmp(entry->GetKeyName(), probe->GetKeyName()) == 0;
   });
 }
 

@@ -59,7 +59,8 @@ class KLEPUR_EXPORT CfSection {
   /// Deletes every line. The name stays.
   void ClearEntryList() noexcept;
 
-  /// The lines in file order, owned by the section. Change it through the members above.
+  /// The lines in file order, owned by the section. Change it through the members above. A null in it
+  /// is passed over.
   std::vector<CfSectionEntry*> entryList;
 
  private:

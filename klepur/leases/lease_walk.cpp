@@ -92,7 +92,8 @@ void ReadInnerBlock(const CfSection& block, _Dhcpv6LeaseStore& lease) {
   std::string address = TextBehindKeyword(block.GetName(), {"iaaddr", "iaprefix"});
   if (!address.empty()) lease.address = std::move(address);
   for (const CfSectionEntry* entry : block.entryList) {
-    if (entry->GetComment() == nullptr) ReadStatement(entry->GetKeyName(), lease);
+    if (entry != nullptr && entry->GetComment() == nullptr)
+      ReadStatement(entry->GetKeyName(), lease);
   }
 }
 

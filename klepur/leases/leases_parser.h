@@ -39,11 +39,13 @@ class KLEPUR_EXPORT Dhcpv6LeasesParser : public klepur::BlockParser {
   ///
   /// Nothing is returned. A missing or unreadable file is logged (BlockParser::ParseFile); what was
   /// read before the failure counts. An exception ends the extraction and its text is logged as
-  /// information; the records appended before stay. So does an unknown statement in an inner block,
-  /// "set foo = bar;", and an association or address block without an identifier or address:
-  /// "basic_string::substr" is logged.
+  /// information; the records appended before stay. With "basic_string::substr" so do, in an inner
+  /// block, a statement of an unknown name, "set foo = bar;", and one without its argument,
+  /// "ends;"; and an association or address block that is named by the keyword alone. An
+  /// association whose identifier is empty, `ia-na ""`, is left out.
   ///
-  /// A second call on the same object appends nothing.
+  /// Once a file was parsed, the same object finds no associations in the next one, except where
+  /// they stand inside another block: see klepur::BlockParser about the root section.
   /// Cost: linear in the file.
   void GetLeases(const char* path, std::list<_Dhcpv6LeaseStore>& leases);
 };

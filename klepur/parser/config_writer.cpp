@@ -64,6 +64,7 @@ bool DhcpParser::WriteSection(CfSection& section) {
     WriteBuff(text.c_str());
   }
   for (const CfSectionEntry* entry : section.entryList) {
+    if (entry == nullptr) continue;
     text.assign(entry->GetComment() != nullptr ? "#" : "").append(writeDepth, '\t');
     text.append(entry->GetKeyName()).append("\n");
     WriteBuff(text.c_str());

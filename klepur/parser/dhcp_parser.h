@@ -11,8 +11,8 @@
 /// Reads and writes one DHCP server configuration file. How text becomes a tree: see
 /// klepur::BlockParser.
 ///
-/// While one lives, the system log is open under the identity "dhcpparser" with the process id. Use
-/// a new object for each file that is read.
+/// Each one opens the system log under the identity "dhcpparser" with the process id, and closes it
+/// at its end, whoever else uses it. Use a new object for each file that is read.
 class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
  public:
   /// Opens the system log: identity "dhcpparser", option LOG_PID, facility LOG_USER.
@@ -26,13 +26,17 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   ///
   /// The layout: one line for each entry; a block as an empty line, its name, "{", its entries and
   /// blocks, and "}", all indented by one tab for each block around them. A commented-out line has
-  /// its "#" in the first column, before the tabs. Reading what was written gives the same tree,
-  /// and writing that gives the same bytes.
+  /// its "#" in the first column, before the tabs.
+  ///
+  /// Reading what was written gives the same tree, and writing that gives the same bytes, for every
+  /// file whose "{" end their lines, whose statements end in ";" and whose line ends are all of one
+  /// kind. What stands behind a "{" on its line is part of the block's name, so "host a { }" and
+  /// "subnet 10.0.0.0 netmask 255.0.0.0 { # main" come back as something else.
   ///
   /// Before the "}" of a top-level block there is an empty line unless this is the parser's first
-  /// write and the file's first block holds no blocks: each write adds to the leftmost depth the
-  /// number of levels on the way from the root's first child down through first children, and the
-  /// empty line stands whenever that sum is not 1.
+  /// write and the file's first block holds no blocks: each write, one that cannot open its file
+  /// included, adds to the leftmost depth the number of levels on the way from the root's first
+  /// child down through first children, and the empty line stands whenever that sum is not 1.
   ///
   /// \param path    where to write; null is a file that cannot be opened.
   /// \param target  what to write; when null, the tree last read or written.

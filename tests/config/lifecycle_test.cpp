@@ -446,6 +446,19 @@ TYPED_TEST(Opening, AgainDiscardsEditsAndCursors) {
   EXPECT_EQ(this->Cursors(), this->Text("shared-network office / @header1"));
 }
 
+TYPED_TEST(Opening, FileIsReadBehindWhatWasAddedBeforeItAndTheCursorsAreCleared) {
+  this->Unopened("host b {\n}\n");
+  EXPECT_EQ(this->Conf().AddNetwork(
+                this->Record(SectionTypes::SECTION_SHARED_NETWORK,
+                             {{TypeParam::kName, "office"}, {TypeParam::kMaxLeaseTime, "60"}})),
+            1);
+  ASSERT_EQ(this->Cursors(), "shared-network office / null");
+  EXPECT_TRUE(this->Open());
+  EXPECT_EQ(this->Tree(),
+            "[shared-network office]\n  max-lease-time 60;\n[TREE_ROOT_SECTION]\n  [host b]\n");
+  EXPECT_EQ(this->Cursors(), "null / null");
+}
+
 TYPED_TEST(Opening, AgainReadsWhatTheFileHoldsNow) {
   this->Given(kNested);
   this->Write("dhcpd.conf", "host new {\n}\n");

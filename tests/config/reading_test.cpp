@@ -35,14 +35,13 @@ class Reading : public ConfigFixture<Family> {
   std::string Text(std::string_view text) { return Family::Text(text); }
 
   Section record_;
+  typename Family::File conf_;
 
  private:
   static void AddLine(CfSection& block, const std::string& line) {
     const CfSection one = Block("", {line});
     block.InsertEntry(one.entryList.front());
   }
-
-  typename Family::File conf_;
 };
 TYPED_TEST_SUITE(Reading, Families, FamilyNames);
 
@@ -356,6 +355,16 @@ ddns-update-style none;
 	}
 }
 )";
+
+TYPED_TEST(Reading, NullAmongTheLinesIsPassedOver) {
+  CfSection block = Block("host a", {"max-lease-time 60;"});
+  block.entryList.insert(block.entryList.begin(), nullptr);
+  for (const bool rawEntries : {false, true}) {
+    EXPECT_TRUE(this->conf_.TreeToDhcp(block, this->record_, rawEntries));
+    EXPECT_EQ(this->record_.params.size(), 2U);
+  }
+  EXPECT_NE(this->conf_.GetEntryFromList(&block.entryList, "max"), nullptr);
+}
 
 TYPED_TEST(Reading, FileReadsAlikeWithEitherLineEnd) {
   for (const std::string& text : {std::string(kFile), WithCarriageReturns(kFile)}) {

@@ -237,6 +237,14 @@ TEST(Section, FindEntryOfNullIsTheEnd) {
   EXPECT_EQ(section.FindEntry(nullptr), section.entryList.end());
 }
 
+TEST(Section, NullAmongTheLinesIsPassedOver) {
+  CfSection section = Block("", {"x 1;", "y 2;"});
+  section.entryList.insert(section.entryList.begin(), nullptr);
+  CfSectionEntry probe = Entry("y 2;");
+  EXPECT_EQ(section.FindEntry(&probe), section.entryList.begin() + 2);
+  EXPECT_THAT(Lines(CfSection(section)), ElementsAre("x 1;", "y 2;"));
+}
+
 TEST(Section, ClearEntryListKeepsTheName) {
   CfSection section = Block("host a", {"x 1;", "#y 2;"});
   section.ClearEntryList();

@@ -233,6 +233,16 @@ TEST_F(DhcpParsing, ParserThatFailedBringsNoMoreTokens) {
   EXPECT_EQ(parser_.GetToken(), nullptr);
 }
 
+TEST_F(DhcpParsing, ParserThatFailedHasNoCurrentToken) {
+  using namespace std::string_literals;
+  ASSERT_FALSE(Parsed(Given("a;\n\0"s)));
+  EXPECT_EQ(parser_.currentToken, nullptr);
+  ASSERT_FALSE(Parsed(Given("\0"s)));
+  const std::string tree = Tree();
+  parser_.PunctuatorAnalyser();
+  EXPECT_EQ(Tree(), tree);
+}
+
 /// Ends every reading with an exception.
 class FailingParser : public Parser {
  public:
