@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <exception>
 #include <string_view>
+#include <typeinfo>
 #include <utility>
 
 namespace klepur {
@@ -101,10 +102,20 @@ bool BlockParser::DoParse(void* target) {
   holder = static_cast<CfSectionHolder*>(target);
   currentNode = &holder->topNode;
   if (!CreateRootSection()) return false;
-  while ((currentToken = GetToken()) != nullptr) {
+  for (;;) {
+    // What follows up to the next punctuator would arrive here token by token: this saves most of
+    // them.
+    if (CfLex* const plain = PlainLexer()) plain->AppendStatement(lineBuffer);
+    currentToken = GetToken();
+    if (currentToken == nullptr) return true;
     if (!TakeToken()) return false;
   }
-  return true;
+}
+
+/// The lexer when it is a CfLex and nothing derived from it, which may make other tokens; else
+/// null.
+CfLex* BlockParser::PlainLexer() const {
+  return lexer != nullptr && typeid(*lexer) == typeid(CfLex) ? lexer : nullptr;
 }
 
 bool BlockParser::TakeToken() {
@@ -128,6 +139,7 @@ bool BlockParser::TakeToken() {
 }
 
 Token* BlockParser::GetLine() {
+  if (CfLex* const plain = PlainLexer()) plain->AppendRestOfLine(lineBuffer);
   while ((currentToken = GetToken()) != nullptr && currentToken->kind != kLineEnd) {
     lineBuffer += currentToken->text;
   }

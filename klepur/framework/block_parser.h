@@ -96,6 +96,7 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   void CloseOutput() noexcept;
 
  private:
+  CfLex* PlainLexer() const;
   bool TakeToken();
   bool ParseInstalledStream(const char* path, void* target);
   void AbandonParse() noexcept;

@@ -37,28 +37,40 @@ class KLEPUR_EXPORT CfLex {
   /// the stream throws.
   virtual klepur::Token* GetToken();
 
+  /// Takes all tokens up to the next punctuator at once and appends their text to `text`, line ends
+  /// left out, and blanks while `text` is empty. Gives what GetToken would, several times faster; a
+  /// class that overrides GetToken is not asked. Throws as GetToken does.
+  void AppendStatement(std::string& text);
+
+  /// Takes all tokens up to the next line end at once and appends their text to `text`. Otherwise
+  /// as AppendStatement.
+  void AppendRestOfLine(std::string& text);
+
   /// Forgets the stream: from now on the text is at its end.
   void Detach() noexcept;
 
  private:
-  bool LoadLine();
+  bool LoadLines();
   bool ReadMore();
-  std::size_t LineEndLength() const;
-  std::size_t BlankLength() const;
-  std::size_t QuotedLength(std::size_t quote);
+  const char* LineEndAt(const char* at) const;
+  const char* BlankEnd() const;
+  const char* QuotedEnd(const char* quote);
+  const char* TextEnd();
+  void AppendTokensBeforeNul(std::string& text);
   klepur::Token* TakeQuotedOrWord();
   klepur::Token* TakeWord();
-  klepur::Token* Take(klepur::TokenKind kind, std::size_t length);
+  klepur::Token* Take(klepur::TokenKind kind, const char* end);
   [[noreturn]] void ThrowNulByte() const;
 
   StreamIterator* stream_;
   klepur::Token token_;
-  std::vector<char> chunk_;   // what one read brings
-  std::string window_;        // whole lines that were read, from the current one on
-  std::size_t position_ = 0;  // in window_: where the next token begins
-  std::size_t lineStop_ = 0;  // in window_: just past the current line
-  std::size_t lineNumber_ = 0;
-  bool lineHasNoCloser_ = false;  // no double quote further on in this line closes a string
+  std::vector<char>
+      window_;             // whole lines, the beginning of the next one, and a line feed behind it
+  const char* next_;       // in window_: where the next token begins
+  const char* linesStop_;  // in window_: just past the whole lines
+  const char* textStop_;   // in window_: just past what was read
+  const char* unclosedStop_;    // in window_: no quoted string that begins before is closed
+  std::size_t lineNumber_ = 1;  // of the next token
 };
 
 #endif

@@ -326,6 +326,122 @@ TEST(CfLex, MessageNamesTheLineOfTheNulByte) {
   }
 }
 
+// ---- many tokens at once ----
+
+/// Statements and punctuators, each statement's text as the parser puts it together from its
+/// tokens.
+std::string StatementsTokenByToken(CfLex& lexer) {
+  std::string statements;
+  std::string text;
+  try {
+    while (const Token* token = lexer.GetToken()) {
+      if (token->kind == klepur::kPunctuator) {
+        statements += "'" + text + "' " + token->text + "\n";
+        text.clear();
+      } else if (token->kind != klepur::kLineEnd &&
+                 !(token->kind == klepur::kBlank && text.empty())) {
+        text += token->text;
+      }
+    }
+  } catch (const std::runtime_error& error) {
+    text += error.what();
+  }
+  return statements + "'" + text + "'";
+}
+
+std::string StatementsAtOnce(CfLex& lexer) {
+  std::string statements;
+  std::string text;
+  try {
+    for (;;) {
+      lexer.AppendStatement(text);
+      const Token* const token = lexer.GetToken();
+      if (token == nullptr) break;
+      statements += "'" + text + "' " + token->text + "\n";
+      text.clear();
+    }
+  } catch (const std::runtime_error& error) {
+    text += error.what();
+  }
+  return statements + "'" + text + "'";
+}
+
+std::string LinesTokenByToken(CfLex& lexer) {
+  std::string lines;
+  try {
+    while (const Token* token = lexer.GetToken()) lines += token->text;
+  } catch (const std::runtime_error& error) {
+    lines += error.what();
+  }
+  return lines;
+}
+
+std::string LinesAtOnce(CfLex& lexer) {
+  std::string lines;
+  try {
+    for (;;) {
+      lexer.AppendRestOfLine(lines);
+      const Token* const token = lexer.GetToken();
+      if (token == nullptr) break;
+      EXPECT_EQ(token->kind, klepur::kLineEnd);
+      lines += token->text;
+    }
+  } catch (const std::runtime_error& error) {
+    lines += error.what();
+  }
+  return lines;
+}
+
+using Reading = std::string (*)(CfLex& lexer);
+
+std::string Read(Reading reading, std::string_view text, std::size_t most) {
+  ChunkStream stream(text, most);
+  CfLex lexer(&stream, false);
+  return reading(lexer);
+}
+
+template <std::size_t count>
+void CheckAtOnce(const Case (&rows)[count]) {
+  for (const Case& row : rows) {
+    for (const std::string& text : {std::string(row.text), WithCarriageReturns(row.text)}) {
+      for (const std::size_t most : {1U, 3U, 65536U}) {
+        EXPECT_EQ(Read(StatementsAtOnce, text, most), Read(StatementsTokenByToken, text, most))
+            << "'" << text << "', " << most << " bytes a read";
+        EXPECT_EQ(Read(LinesAtOnce, text, most), Read(LinesTokenByToken, text, most))
+            << "'" << text << "', " << most << " bytes a read";
+      }
+    }
+  }
+}
+
+TEST(CfLex, TextTakenAtOnceIsThatOfTheTokens) {
+  CheckAtOnce(kKinds);
+  CheckAtOnce(kBlanks);
+  CheckAtOnce(kCarriageReturns);
+  CheckAtOnce(kQuotedStrings);
+  CheckAtOnce(kUnclosedQuotes);
+  CheckAtOnce(kNulBytes);
+  CheckAtOnce({kPieces});
+}
+
+TEST(CfLex, StatementTakenAtOnceGoesOverLineEndsUpToThePunctuator) {
+  ChunkStream stream("  range\r\n 10.0.0.1 \"a;\"\n;x");
+  CfLex lexer(&stream, false);
+  std::string text;
+  lexer.AppendStatement(text);
+  EXPECT_EQ(text, "range 10.0.0.1 \"a;\"");
+  EXPECT_EQ(Rest(lexer), "p[;]w[x]");
+}
+
+TEST(CfLex, RestOfALineTakenAtOnceEndsBeforeTheLineEnd) {
+  ChunkStream stream("# a; {b} \r\nc");
+  CfLex lexer(&stream, false);
+  std::string text = "x";
+  lexer.AppendRestOfLine(text);
+  EXPECT_EQ(text, "x# a; {b} ");
+  EXPECT_EQ(Rest(lexer), "e[\r\n]w[c]");
+}
+
 // ---- the stream ----
 
 void BreakStream() {
