@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
+#include <cstring>
 #include <string_view>
 
 namespace klepur::internal {
@@ -10,15 +11,27 @@ namespace {
 
 /// Appends a value as "%02x" would print it.
 void AppendHex(int value, std::string& out) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  if (value >= 0 && value <= 0xff) {  // nearly always
+    out += kDigits[value / 16];
+    out += kDigits[value % 16];
+    return;
+  }
   char digits[2 * sizeof value];
   const char* const end =
       std::to_chars(digits, digits + sizeof digits, static_cast<unsigned int>(value), 16).ptr;
-  if (end - digits == 1) out += '0';
   out.append(digits, static_cast<std::size_t>(end - digits));
+}
+
+bool IsOctalDigit(char c) {
+  return c >= '0' && c <= '7';
 }
 
 /// The value of up to three characters behind a backslash, read as an octal number.
 int OctalValue(std::string_view text) {
+  if (text.size() >= 3 && std::all_of(text.begin(), text.begin() + 3, IsOctalDigit)) {
+    return (text[0] - '0') * 64 + (text[1] - '0') * 8 + (text[2] - '0');
+  }
   const std::string digits(text.substr(0, 3));
   return static_cast<int>(std::strtol(digits.c_str(), nullptr, 8));
 }
@@ -27,6 +40,7 @@ int OctalValue(std::string_view text) {
 
 std::string DuidInHex(const char* text) {
   std::string hex;
+  hex.reserve(2 * std::strlen(text));
   for (std::string_view rest = text; !rest.empty();) {
     const std::string_view behind = rest.substr(1);
     std::size_t taken = 1;

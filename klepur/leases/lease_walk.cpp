@@ -31,7 +31,8 @@ std::string_view TakeWord(std::string_view& rest) {
   return word;
 }
 
-/// The text behind a block's keyword and one more character; empty when the block has another keyword.
+/// The text behind a block's keyword and one more character; empty when the block has another
+/// keyword.
 ///
 /// The words of the name are joined without blanks until they make one of the keywords.
 std::string TextBehindKeyword(std::string_view name,
@@ -68,8 +69,8 @@ constexpr Field kFields[] = {
 
 /// Stores the value of a statement in the field that it names, if it names one.
 ///
-/// The name grows word by word. A value is cut before each comparison, so a statement whose words never
-/// make a name ends in an error when they have used up the line.
+/// The name grows word by word. A value is cut before each comparison, so a statement whose words
+/// never make a name ends in an error when they have used up the line.
 void ReadStatement(std::string_view line, _Dhcpv6LeaseStore& lease) {
   const std::size_t semicolon = line.find(';');
   if (semicolon == std::string_view::npos || semicolon == 0) return;
@@ -92,31 +93,33 @@ void ReadInnerBlock(const CfSection& block, _Dhcpv6LeaseStore& lease) {
   std::string address = TextBehindKeyword(block.GetName(), {"iaaddr", "iaprefix"});
   if (!address.empty()) lease.address = std::move(address);
   for (const CfSectionEntry* entry : block.entryList) {
-    if (entry != nullptr && entry->GetComment() == nullptr)
-      ReadStatement(entry->GetKeyName(), lease);
+    if (entry == nullptr || entry->GetComment() != nullptr) continue;
+    ReadStatement(entry->GetKeyName(), lease);
   }
 }
 
 /// Calls `visit` for each child of a node in order.
 template <class Visit>
-void ForEachChild(const TreeNode& node, Visit visit) {
+void ForEachChild(TreeNode& node, Visit visit) {
   if (node.children == nullptr) return;
-  for (const TreeNode* child : *node.children) {
+  for (TreeNode* child : *node.children) {
     if (child != nullptr) visit(*child);
   }
 }
 
 }  // namespace
 
-void AppendLeases(const CfSectionHolder& tree, std::list<_Dhcpv6LeaseStore>& leases) {
-  ForEachChild(tree.topNode, [&leases](const TreeNode& top) {
-    ForEachChild(top, [&leases](const TreeNode& block) {
-      _Dhcpv6LeaseStore lease;
-      lease.duid = Duid(block.section);
-      if (lease.duid.empty()) return;
-      ForEachChild(block,
-                   [&lease](const TreeNode& inner) { ReadInnerBlock(inner.section, lease); });
-      leases.push_back(std::move(lease));
+void TakeLeases(CfSectionHolder& tree, std::list<_Dhcpv6LeaseStore>& leases) {
+  ForEachChild(tree.topNode, [&leases](TreeNode& top) {
+    ForEachChild(top, [&leases](TreeNode& block) {
+      std::string duid = Duid(block.section);
+      if (duid.empty()) return;
+      std::list<_Dhcpv6LeaseStore> lease(1);
+      lease.front().duid = std::move(duid);
+      ForEachChild(
+          block, [&lease](const TreeNode& inner) { ReadInnerBlock(inner.section, lease.front()); });
+      leases.splice(leases.end(), lease);
+      block.DeleteAllItems();  // while it is at hand
     });
   });
 }

@@ -9,10 +9,10 @@
 
 namespace klepur::internal {
 
-/// Appends one record for each identity association straight below a top-level node of the tree;
-/// see Dhcpv6LeasesParser::GetLeases. Throws std::out_of_range, "basic_string::substr", where that
-/// says so.
-void AppendLeases(const CfSectionHolder& tree, std::list<_Dhcpv6LeaseStore>& leases);
+/// Appends one record for each identity association straight below a top-level node of the tree,
+/// and deletes the blocks that it was read from; see Dhcpv6LeasesParser::GetLeases. Throws
+/// std::out_of_range, "basic_string::substr", where that says so.
+void TakeLeases(CfSectionHolder& tree, std::list<_Dhcpv6LeaseStore>& leases);
 
 }  // namespace klepur::internal
 

@@ -19,7 +19,7 @@ void Dhcpv6LeasesParser::GetLeases(const char* path, std::list<_Dhcpv6LeaseStore
   try {
     CfSectionHolder tree;
     ParseFile(path, &tree);
-    klepur::internal::AppendLeases(tree, leases);
+    klepur::internal::TakeLeases(tree, leases);
   } catch (const std::exception& reason) {
     syslog(LOG_INFO, "%s", reason.what());
   }

@@ -61,14 +61,13 @@ bool DhcpParser::WriteSection(CfSection& section) {
     ++writeDepth;
     text.append("\n").append(outerTabs).append(section.GetName());
     text.append("\n").append(outerTabs).append("{\n");
-    WriteBuff(text.c_str());
   }
   for (const CfSectionEntry* entry : section.entryList) {
     if (entry == nullptr) continue;
-    text.assign(entry->GetComment() != nullptr ? "#" : "").append(writeDepth, '\t');
-    text.append(entry->GetKeyName()).append("\n");
-    WriteBuff(text.c_str());
+    if (entry->GetComment() != nullptr) text += '#';
+    text.append(writeDepth, '\t').append(entry->GetKeyName()).append("\n");
   }
+  WriteBuff(text.c_str());
   return true;
 }
 

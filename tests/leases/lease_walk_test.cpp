@@ -10,12 +10,13 @@
 
 #include "tests/leases/lease_words.h"
 #include "tests/support/blocks.h"
+#include "tests/support/tree_text.h"
 
 namespace klepur::test {
 namespace {
 
 using internal::AppendChild;
-using internal::AppendLeases;
+using internal::TakeLeases;
 using internal::TreeNode;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -25,9 +26,9 @@ class LeaseWalk : public ::testing::Test {
  protected:
   LeaseWalk() : root_(*AppendChild(tree_.topNode, Block("TREE_ROOT_SECTION", {}))) {}
 
-  std::vector<std::string> Leases() const {
+  std::vector<std::string> Leases() {
     std::list<_Dhcpv6LeaseStore> leases;
-    AppendLeases(tree_, leases);
+    TakeLeases(tree_, leases);
     return LeaseWords(leases);
   }
 
@@ -43,7 +44,7 @@ class LeaseWalk : public ::testing::Test {
     AppendChild(*AppendChild(root, Block("ia-na \"A\"", {})), CfSection(block));
     std::list<_Dhcpv6LeaseStore> leases;
     try {
-      AppendLeases(tree, leases);
+      TakeLeases(tree, leases);
     } catch (const std::out_of_range& error) {
       return error.what();
     }
@@ -56,7 +57,8 @@ class LeaseWalk : public ::testing::Test {
 
 TEST_F(LeaseWalk, TreeWithoutNodesHasNoLeases) {
   std::list<_Dhcpv6LeaseStore> leases;
-  AppendLeases(CfSectionHolder(), leases);
+  CfSectionHolder tree;
+  TakeLeases(tree, leases);
   EXPECT_THAT(leases, IsEmpty());
 }
 
@@ -102,13 +104,12 @@ TEST_F(LeaseWalk, NullAmongTheLinesIsPassedOver) {
   EXPECT_THAT(Leases(), ElementsAre("41 address=2001:db8::1 max=6"));
 }
 
-TEST_F(LeaseWalk, TreeIsLeftAsItWas) {
-  TreeNode& block = *AppendChild(root_, Block("ia-na \"A\"", {}));
-  TreeNode& inner = *AppendChild(block, Block("iaaddr 2001:db8::1", {"ends  never;"}));
-  EXPECT_EQ(Leases(), Leases());
-  EXPECT_STREQ(block.section.GetName(), "ia-na \"A\"");
-  EXPECT_STREQ(inner.section.GetName(), "iaaddr 2001:db8::1");
-  EXPECT_STREQ(inner.section.entryList.front()->GetKeyName(), "ends  never;");
+TEST_F(LeaseWalk, WhatWasReadOfAnAssociationIsDeletedAndTheRestStays) {
+  AppendChild(*AppendChild(root_, Block("ia-na \"A\"", {})), Block("iaaddr 2001:db8::1", {}));
+  AppendChild(*AppendChild(root_, Block("server-duid", {})), Block("inner", {"x 1;"}));
+  EXPECT_THAT(Leases(), ElementsAre("41 address=2001:db8::1"));
+  EXPECT_EQ(TreeText(tree_),
+            "[TREE_ROOT_SECTION]\n  [ia-na \"A\"]\n  [server-duid]\n    [inner]\n      x 1;\n");
 }
 
 TEST_F(LeaseWalk, ExceptionKeepsTheLeasesBeforeIt) {
@@ -117,7 +118,7 @@ TEST_F(LeaseWalk, ExceptionKeepsTheLeasesBeforeIt) {
   AppendChild(block, Block("iaaddr 2001:db8::1", {"set foo = bar;"}));
   AppendChild(root_, Block("ia-na \"C\"", {}));
   std::list<_Dhcpv6LeaseStore> leases;
-  EXPECT_THROW(AppendLeases(tree_, leases), std::out_of_range);
+  EXPECT_THROW(TakeLeases(tree_, leases), std::out_of_range);
   EXPECT_THAT(LeaseWords(leases), ElementsAre("41"));
 }
 
@@ -142,7 +143,7 @@ TEST_F(LeaseWalk, NamesOfAssociations) {
     TreeNode& root = *AppendChild(tree.topNode, Block("TREE_ROOT_SECTION", {}));
     AppendChild(root, Block(row.name, {}));
     std::list<_Dhcpv6LeaseStore> leases;
-    AppendLeases(tree, leases);
+    TakeLeases(tree, leases);
     EXPECT_EQ(LeaseWords(leases), row.leases) << "'" << row.name << "'";
   }
 }
