@@ -6,6 +6,7 @@
 #include <klepur/config/family_words.h>
 #include <klepur/config/param_list.h>
 #include <klepur/config/subnet_address.h>
+#include <klepur/framework/tree_index.h>
 #include <klepur/framework/tree_links.h>
 
 #include <string>
@@ -96,7 +97,7 @@ bool ConfigFile<Vocabulary>::AddTreeSection(const Section& section, TreeNode* pa
   }
   if (parent == nullptr) parent = Root();
   if (parent == nullptr) parent = &holder->topNode;
-  internal::AppendChild(*parent, std::move(block));
+  Index().Append(*parent, std::move(block));
   return added;
 }
 

@@ -4,6 +4,7 @@
 
 #include <klepur/config/config_file.h>
 #include <klepur/config/param_list.h>
+#include <klepur/framework/tree_index.h>
 
 #include <string>
 
@@ -18,6 +19,7 @@ template <class Vocabulary>
 int ConfigFile<Vocabulary>::ChangeTreeSection(const Section& section, CfSection* target,
                                               const char* newName) {
   if (target == nullptr) return 0;
+  const internal::TreeIndex::Edit edit(holder == nullptr ? nullptr : &Index(), *target);
   if (newName != nullptr && section.type != SectionTypes::SECTION_GLOBAL &&
       !Rename(*target, section.type, newName)) {
     return 0;
@@ -52,6 +54,7 @@ template <class Vocabulary>
 int ConfigFile<Vocabulary>::SetSectionParams(const Section& section) {
   CfSection* const target = ChooseBlock(section);
   if (target == nullptr || section.params.empty()) return 0;
+  const internal::TreeIndex::Edit edit(&Index(), *target);
   target->ClearEntryList();
   int added = 0;
   for (const SectionParam& param : section.params) {

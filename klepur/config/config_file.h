@@ -38,8 +38,11 @@ namespace klepur {
 /// level is the new block, Save writes that block alone, and Open then reads the file behind it.
 /// Call AddSection, which refuses.
 ///
-/// **Cost.** An operation that looks for a block by its header reads the headers of the blocks
-/// before it.
+/// **Cost.** Looking for a block, by its header or by a line of it, takes as long in a large file as
+/// in a small one, and so do stepping to the next block, adding, changing and removing one: what is
+/// read and written is that block. The first lookups in a file walk over its blocks, until that has
+/// cost as much as making tables, which take a sixth of the tree's memory. Nodes and sections that
+/// lookups return may be changed: the tables are then made again, once that pays.
 ///
 /// One object is used by one thread at a time.
 template <class Vocabulary>
@@ -241,7 +244,6 @@ class ConfigFile {
 
   /// Fetches the first block straight below `currentSubnet` that holds exactly the line `keyname`:
   /// "fixed-address 10.0.0.5;". Any kind of block may be found.
-  /// Cost: linear in the lines of those blocks.
   bool GetSectionByKeyname(const char* keyname, Section& section, bool rawEntries);
 
   /// GetSectionByKeyname with the host name statement for `name`: option host-name "pc1"; in
@@ -423,6 +425,7 @@ class ConfigFile {
   bool HasTree() const;
   bool IsReady() const;
   TreeNode* Root() const;
+  internal::TreeIndex& Index() const;
   TreeNode* ParentOf(TreeNode* node) const;
   void DiscardTree();
   void PlaceCursors();

@@ -2,11 +2,7 @@
 #ifndef KLEPUR_CONFIG_FAMILY_WORDS_H
 #define KLEPUR_CONFIG_FAMILY_WORDS_H
 
-#include <klepur/framework/section.h>
-
 namespace klepur::internal {
-
-using NameMatch = bool (*)(const CfSection& probe, const CfSection& candidate);
 
 /// Specialised for each vocabulary: its table of statements, its table of blocks, and one small
 /// function for each place where the families truly differ. config4/dhcp_words.h shows all that is

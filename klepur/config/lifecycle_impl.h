@@ -5,6 +5,7 @@
 #include <klepur/config/config_file.h>
 #include <klepur/config/family_words.h>
 #include <klepur/config/statement_table.h>
+#include <klepur/framework/tree_index.h>
 #include <klepur/framework/tree_links.h>
 
 #include <memory>
@@ -67,6 +68,7 @@ void ConfigFile<Vocabulary>::DiscardTree() {
   if (holder != nullptr) {
     holder->topNode.DeleteAllItems();
     holder->topNode.section.ClearEntryList();
+    Index().Drop();
   } else {
     holder = new CfSectionHolder;
   }
@@ -121,9 +123,13 @@ typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::GetTreeItemBy
   if (name == nullptr || !HasTree()) return nullptr;
   TreeNode* const from = start != nullptr ? start : Root();
   if (from == nullptr) return nullptr;
-  CfSection probe;
-  probe.SetName(name);
-  return from->FindIf(probe, internal::FamilyWords<Vocabulary>::kSameName);
+  return Index().FirstNamed(*from, name);
+}
+
+/// Finds, adds and removes blocks without reading all of them.
+template <class Vocabulary>
+internal::TreeIndex& ConfigFile<Vocabulary>::Index() const {
+  return internal::TreeIndex::Of(*holder);
 }
 
 /// Whether there is a tree with a top level: something was read.

@@ -6,6 +6,7 @@
 #include <klepur/config/family_words.h>
 #include <klepur/config/param_list.h>
 #include <klepur/config/statement_table.h>
+#include <klepur/framework/tree_index.h>
 #include <klepur/framework/tree_links.h>
 
 #include <string>
@@ -89,16 +90,7 @@ bool ConfigFile<Vocabulary>::GetSectionByKeyname(const char* keyname, Section& s
                                                  bool rawEntries) {
   if (keyname == nullptr || !IsReady()) return false;
   if (currentSubnet == nullptr || currentSubnet->children == nullptr) return false;
-  CfSectionEntry probe;
-  probe.SetKeyName(keyname);
-  for (TreeNode* child : *currentSubnet->children) {
-    if (child == nullptr) continue;
-    CfSection& candidate = child->section;
-    if (candidate.FindEntry(&probe) != candidate.entryList.end()) {
-      return TreeToDhcp(candidate, section, rawEntries);
-    }
-  }
-  return false;
+  return Fetch(Index().FirstChildWithLine(*currentSubnet, keyname), section, rawEntries);
 }
 
 template <class Vocabulary>
@@ -154,7 +146,7 @@ typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::FirstOfLevel(
 template <class Vocabulary>
 typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::NextOfLevel(
     TreeNode* cursor) const {
-  return cursor == nullptr ? nullptr : internal::NextSibling(*cursor);
+  return cursor == nullptr ? nullptr : Index().NextSiblingHolding(*cursor, "");
 }
 
 /// The block of the same kind that follows the host or if block that `current` names.
@@ -166,7 +158,7 @@ typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::NextOfKind(
   DhcpToTree(current, treeForm);
   const std::string header = internal::ValueOfType(treeForm.params, internal::kNameType);
   TreeNode* const node = GetTreeItemByNameAt(header.c_str(), currentSubnet);
-  return node == nullptr ? nullptr : internal::NextSiblingHolding(*node, Prefix(current.type));
+  return node == nullptr ? nullptr : Index().NextSiblingHolding(*node, Prefix(current.type));
 }
 
 /// The block of this kind and bare name, looked for from the cursor that its kind goes by.

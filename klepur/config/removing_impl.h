@@ -5,6 +5,7 @@
 #include <klepur/config/config_file.h>
 #include <klepur/config/param_list.h>
 #include <klepur/config/subnet_address.h>
+#include <klepur/framework/tree_index.h>
 #include <klepur/framework/tree_links.h>
 
 #include <string>
@@ -80,7 +81,7 @@ template <class Vocabulary>
 typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::HeirOf(TreeNode& doomed,
                                                                           TreeNode* level) const {
   TreeNode* const first = level == nullptr ? nullptr : internal::FirstChild(*level);
-  return first == &doomed ? internal::NextSibling(doomed) : first;
+  return first == &doomed ? Index().NextSiblingHolding(doomed, "") : first;
 }
 
 /// Deletes the node's children one by one and then the node. When one of them is not in the child
@@ -97,11 +98,12 @@ int ConfigFile<Vocabulary>::RemoveWithChildren(TreeNode& doomed) {
 /// Unlinks and deletes a node with all that is nested in it; 0 when its parent does not hold it.
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::RemoveNode(TreeNode& doomed) {
-  if (!internal::Unlink(doomed)) return 0;
-  // A cursor into what is deleted becomes a cursor on nothing.
-  if (internal::IsWithin(currentNetwork, doomed)) currentNetwork = nullptr;
-  if (internal::IsWithin(currentSubnet, doomed)) currentSubnet = nullptr;
-  delete &doomed;
+  const bool holdsNetwork = internal::IsWithin(currentNetwork, doomed);
+  const bool holdsSubnet = internal::IsWithin(currentSubnet, doomed);
+  if (!Index().Remove(doomed)) return 0;
+  // A cursor into what was deleted becomes a cursor on nothing.
+  if (holdsNetwork) currentNetwork = nullptr;
+  if (holdsSubnet) currentSubnet = nullptr;
   return 1;
 }
 

@@ -5,7 +5,6 @@
 #include <klepur/config/family_words.h>
 #include <klepur/config/statement_table.h>
 #include <klepur/config4/dhcp_vocabulary.h>
-#include <klepur/framework/name_match.h>
 
 #include <string>
 
@@ -52,8 +51,6 @@ struct FamilyWords<DhcpVocabulary> {
   static constexpr int kHostName = P::PARAM_HOST_NAME;
   static constexpr int kFixedAddress = P::PARAM_FIXED_ADDRESS;
   static constexpr int kHardwareEthernet = P::PARAM_HARDWARE_ETHERNET;
-
-  static constexpr NameMatch kSameName = &Condition2;
 
   /// Lists start at the first digit: they hold addresses.
   static const char* ServerListStart(const char* line);

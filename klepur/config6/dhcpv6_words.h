@@ -5,7 +5,6 @@
 #include <klepur/config/family_words.h>
 #include <klepur/config/statement_table.h>
 #include <klepur/config6/dhcpv6_vocabulary.h>
-#include <klepur/framework/name_match.h>
 
 #include <string>
 
@@ -42,8 +41,6 @@ struct FamilyWords<Dhcpv6Vocabulary> {
   static constexpr int kHostName = P::PARAM6_FQDN;
   static constexpr int kFixedAddress = P::PARAM6_FIXED_ADDRESS;
   static constexpr int kHardwareEthernet = P::PARAM6_HARDWARE_ETHERNET;
-
-  static constexpr NameMatch kSameName = &compare;
 
   /// Lists start at the first blank, which is in the middle of a keyword of two words.
   static const char* ServerListStart(const char* line);

@@ -1,33 +1,49 @@
 #include <klepur/framework/section.h>
+#include <klepur/framework/tree_state.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <memory>
 #include <utility>
 
+namespace {
+
+/// Room for the lines of a host.
+constexpr std::size_t kUsualEntries = 3;
+
+}  // namespace
+
 CfSection::CfSection() noexcept = default;
 
 CfSection::CfSection(const CfSection& other) : CfSection() {
-  name_ = other.name_;
+  name_ = Name(other.name_);
   entryList.reserve(other.entryList.size());
   for (const CfSectionEntry* entry : other.entryList) {
-    if (entry != nullptr) entryList.push_back(new CfSectionEntry(*entry));
+    if (entry != nullptr) Append(entry->GetKeyName(), entry->GetComment());
   }
 }
 
 CfSection::CfSection(CfSection&& other) noexcept
     : entryList(std::move(other.entryList)), name_(std::move(other.name_)) {
   other.entryList.clear();
+  other.CountChange();
 }
 
 CfSection& CfSection::operator=(CfSection other) noexcept {
   std::swap(name_, other.name_);
   entryList.swap(other.entryList);
+  CountChange();
   return *this;
 }
 
 CfSection::~CfSection() {
-  ClearEntryList();
+  for (CfSectionEntry* entry : entryList) Delete(entry);
+}
+
+void CfSection::SetName(const char* name) {
+  name_ = Name(name);
+  CountChange();
 }
 
 int CfSection::AddEntry(const char* key, const char* /*value*/, const char* comment) {
@@ -40,11 +56,11 @@ int CfSection::InsertEntry(CfSectionEntry* entry) {
 
 int CfSection::Append(const char* key, const char* comment) {
   if (key == nullptr) return 0;
-  auto entry = std::make_unique<CfSectionEntry>();
-  entry->SetKeyName(key);
-  entry->SetComment(comment);
+  std::unique_ptr<CfSectionEntry> entry(new CfSectionEntry(key, comment));
+  if (entryList.capacity() == 0) entryList.reserve(kUsualEntries);
   entryList.push_back(entry.get());
   static_cast<void>(entry.release());  // the list owns it now
+  CountChange();
   return 1;
 }
 
@@ -52,7 +68,8 @@ int CfSection::RemoveEntry(CfSectionEntry* entry) {
   const auto position = std::find(entryList.begin(), entryList.end(), entry);
   if (entry == nullptr || position == entryList.end()) return 0;
   entryList.erase(position);
-  delete entry;
+  Delete(entry);
+  CountChange();
   return 1;
 }
 
@@ -64,6 +81,38 @@ std::vector<CfSectionEntry*>::iterator CfSection::FindEntry(CfSectionEntry* prob
 }
 
 void CfSection::ClearEntryList() noexcept {
-  for (CfSectionEntry* entry : entryList) delete entry;
+  for (CfSectionEntry* entry : entryList) Delete(entry);
   entryList.clear();
+  CountChange();
+}
+
+void CfSection::Delete(CfSectionEntry* entry) noexcept {
+  if (entry != nullptr) entry->countsChanges_ = false;
+  delete entry;
+}
+
+/// Makes this the section of a topmost node, which begins a tree of its own.
+void CfSection::StartTree() {
+  state_ = new klepur::internal::TreeState;
+  state_->nodes = 1;
+}
+
+/// Makes this the section of a new node that was built with a parent.
+void CfSection::EnterTree(const CfSection* above) noexcept {
+  if (above == nullptr || above->state_ == nullptr) return;
+  state_ = above->state_;
+  ++state_->nodes;
+  ++state_->changes;
+}
+
+/// The node that carries this section is about to die.
+void CfSection::LeaveTree() noexcept {
+  if (state_ == nullptr) return;
+  ++state_->changes;
+  if (--state_->nodes == 0) delete state_;
+  state_ = nullptr;
+}
+
+void CfSection::CountChange() noexcept {
+  if (state_ != nullptr) ++state_->changes;
 }

@@ -8,6 +8,15 @@
 
 #include <vector>
 
+class CfSectionHolder;
+template <class Section>
+class Tree;
+namespace klepur::internal {
+struct KnownNode;
+struct TreeState;
+class TreeIndex;
+}  // namespace klepur::internal
+
 /// One block of a file: its header as the name ("host pc-17") and its lines in file order.
 ///
 /// Blocks nested in it are not here but in the tree node that carries the section.
@@ -29,10 +38,10 @@ class KLEPUR_EXPORT CfSection {
   virtual ~CfSection();
 
   /// The name; never null, empty when none was set. Valid until the next SetName.
-  const char* GetName() const noexcept { return name_.GetOrEmpty(); }
+  const char* GetName() const noexcept { return name_.Get(); }
 
   /// Copies `name` as the section's name. Null makes it empty.
-  void SetName(const char* name) { name_ = klepur::internal::CString(name); }
+  void SetName(const char* name);
 
   /// Appends a line.
   ///
@@ -59,14 +68,30 @@ class KLEPUR_EXPORT CfSection {
   /// Deletes every line. The name stays.
   void ClearEntryList() noexcept;
 
-  /// The lines in file order, owned by the section. Change it through the members above. A null in it
-  /// is passed over.
+  /// The lines in file order, owned by the section. Change it through the members above: lookups do
+  /// not notice other changes. A null in it is passed over.
   std::vector<CfSectionEntry*> entryList;
 
  private:
-  int Append(const char* key, const char* comment);
+  friend CfSectionHolder;
+  friend klepur::internal::TreeIndex;
+  template <class Section>
+  friend class Tree;
 
-  klepur::internal::CString name_;
+  int Append(const char* key, const char* comment);
+  static void Delete(CfSectionEntry* entry) noexcept;
+
+  void StartTree();
+  void EnterTree(const CfSection* above) noexcept;
+  void LeaveTree() noexcept;
+  void CountChange() noexcept;
+
+  using Name = klepur::internal::CString<24>;
+
+  Name name_;
+  klepur::internal::TreeState* state_ =
+      nullptr;  // of the tree in which a node carries this section
+  klepur::internal::KnownNode* known_ = nullptr;  // the tree's index's
 };
 
 #endif

@@ -5,6 +5,14 @@
 #include <klepur/export.h>
 #include <klepur/framework/c_string.h>
 
+#include <memory>
+#include <string>
+
+class CfSection;
+namespace klepur::internal {
+class TreeIndex;
+}
+
 /// One line of a block: a statement or a comment.
 ///
 /// The key name is the whole text of the line, its ";" included: "option routers 10.0.0.1;". A
@@ -13,26 +21,44 @@
 class KLEPUR_EXPORT CfSectionEntry {
  public:
   /// An entry with an empty key name and no comment.
-  CfSectionEntry() noexcept = default;
+  CfSectionEntry() noexcept;
+
+  /// A copy that belongs to no section.
+  CfSectionEntry(const CfSectionEntry& other);
+
+  /// Takes over text and comment; the entry stays in its section.
+  CfSectionEntry& operator=(const CfSectionEntry& other);
+
+  ~CfSectionEntry();
 
   /// The line's text; never null, empty when none was set. Valid until the next SetKeyName.
-  const char* GetKeyName() const noexcept { return keyName_.GetOrEmpty(); }
+  const char* GetKeyName() const noexcept { return keyName_.Get(); }
 
   /// Copies `key` as the line's text. Null makes the text empty.
-  void SetKeyName(const char* key) { keyName_ = klepur::internal::CString(key); }
+  void SetKeyName(const char* key);
 
   /// The comment, or null when the line is not commented out. Valid until the comment changes.
-  const char* GetComment() const noexcept { return comment_.Get(); }
+  const char* GetComment() const noexcept {
+    return comment_ != nullptr ? comment_->c_str() : nullptr;
+  }
 
   /// Copies `comment`, usually "#", which marks the line as commented out. Null is UndoComment().
-  void SetComment(const char* comment) { comment_ = klepur::internal::CString(comment); }
+  void SetComment(const char* comment);
 
   /// Makes the line live again. Does nothing to a line that is not commented out.
-  void UndoComment() noexcept { comment_ = klepur::internal::CString(); }
+  void UndoComment() noexcept { comment_.reset(); }
 
  private:
-  klepur::internal::CString keyName_;
-  klepur::internal::CString comment_;
+  friend CfSection;
+  friend klepur::internal::TreeIndex;
+
+  using KeyName = klepur::internal::CString<40>;
+
+  CfSectionEntry(const char* key, const char* comment);
+
+  KeyName keyName_;
+  std::unique_ptr<std::string> comment_;  // one pointer wide: few lines have one
+  bool countsChanges_ = false;            // see entry_changes.h; set while a section owns it
 };
 
 #endif

@@ -30,14 +30,19 @@ class Tree {
 
     /// The same, taking over what `payload` holds.
     TreeNode(TreeNode* above, Section&& payload)
-        : parent(above), children(nullptr), section(std::move(payload)) {}
+        : parent(above), children(nullptr), section(std::move(payload)) {
+      section.EnterTree(above != nullptr ? &above->section : nullptr);
+    }
 
     TreeNode(const TreeNode&) = delete;
     TreeNode& operator=(const TreeNode&) = delete;
 
     /// Deletes every node below this one, deepest first, then the section. Does not unlink this
     /// node from its parent's child list.
-    virtual ~TreeNode() { DeleteAllItems(); }
+    virtual ~TreeNode() {
+      DeleteAllItems();
+      section.LeaveTree();
+    }
 
     /// Calls `visit` on this node's section and then on those below it.
     ///
@@ -87,6 +92,11 @@ class Tree {
     /// The nodes below this one in file order. Null until the first one comes: whoever adds it
     /// makes the list. Owned, with the nodes in it. A null in the list is passed over by every
     /// walk.
+    ///
+    /// A node enters the list of the node that it was built with, and leaves it to be deleted: the
+    /// lookups of DhcpConfigFile and Dhcpv6ConfigFile notice that, and every change to a section.
+    /// They do not notice that a living node was moved: tell them by calling SetName on its
+    /// section, with the name that it has, before the next call.
     std::list<TreeNode*>* children;
 
     /// The name and lines of this block.

@@ -33,10 +33,6 @@ TreeNode* FirstChild(const TreeNode& node) {
   return node.children == nullptr || node.children->empty() ? nullptr : node.children->front();
 }
 
-TreeNode* NextSibling(TreeNode& node) {
-  return NextSiblingHolding(node, "");
-}
-
 TreeNode* FirstChildHolding(const TreeNode& node, std::string_view part) {
   if (node.children == nullptr) return nullptr;
   std::size_t seen = 0;
@@ -47,15 +43,19 @@ TreeNode* FirstChildHolding(const TreeNode& node, std::string_view part) {
   return nullptr;
 }
 
-TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part) {
-  if (!HasSiblingList(node)) return nullptr;
-  const auto end = node.parent->children->end();
-  auto place = PlaceAmongSiblings(node);
-  if (place == end) return nullptr;
+TreeNode* FirstBehind(std::list<TreeNode*>::iterator place, std::list<TreeNode*>::iterator end,
+                      std::string_view part) {
   while (++place != end && *place != nullptr) {
     if (NameHolds(**place, part)) return *place;
   }
   return nullptr;
+}
+
+TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part) {
+  if (!HasSiblingList(node)) return nullptr;
+  const auto end = node.parent->children->end();
+  const auto place = PlaceAmongSiblings(node);
+  return place == end ? nullptr : FirstBehind(place, end, part);
 }
 
 bool Unlink(TreeNode& node) {

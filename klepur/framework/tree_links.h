@@ -5,6 +5,7 @@
 #include <klepur/framework/section_holder.h>
 #include <klepur/framework/tree.h>
 
+#include <list>
 #include <string_view>
 
 namespace klepur::internal {
@@ -17,13 +18,16 @@ inline constexpr char kRootName[] = "TREE_ROOT_SECTION";
 /// The first child; null when there is none.
 TreeNode* FirstChild(const TreeNode& node);
 
-/// The node that follows in the parent's child list; null when there is none.
-TreeNode* NextSibling(TreeNode& node);
-
 /// The first child whose name holds `part`, among the first 65536; null when none does.
 TreeNode* FirstChildHolding(const TreeNode& node, std::string_view part);
 
-/// The first of the following siblings whose name holds `part`; null when none does.
+/// The first node behind a place in a child list, up to a null, whose name holds `part`; null when
+/// none does.
+TreeNode* FirstBehind(std::list<TreeNode*>::iterator place, std::list<TreeNode*>::iterator end,
+                      std::string_view part);
+
+/// The first of the following siblings, up to a null, whose name holds `part`; null when none does.
+/// Cost: linear in the length of the list.
 TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part);
 
 /// Takes a node out of its parent's child list without deleting it; false when it is not in it.

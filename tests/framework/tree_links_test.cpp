@@ -41,7 +41,7 @@ class FamilyLinks : public TreeLinks {
   TreeNode* last_ = Add(top_, "host b");
 };
 
-// ---- FirstChild, NextSibling ----
+// ---- FirstChild ----
 
 TEST_F(FamilyLinks, FirstChildIsTheFirstInFileOrder) {
   EXPECT_EQ(FirstChild(top_), network_);
@@ -54,24 +54,13 @@ TEST_F(TreeLinks, NodeWithoutChildrenHasNoFirstChild) {
   EXPECT_EQ(FirstChild(top_), nullptr);
 }
 
-TEST_F(FamilyLinks, NextSiblingIsTheNextInFileOrder) {
-  EXPECT_EQ(NextSibling(*network_), subnet_);
-  EXPECT_EQ(NextSibling(*subnet_), last_);
-  EXPECT_EQ(NextSibling(*last_), nullptr);
-  EXPECT_EQ(NextSibling(*host_), nullptr);
-}
-
 TEST_F(TreeLinks, NodeOutsideAnyChildListHasNoSibling) {
-  EXPECT_EQ(NextSibling(top_), nullptr);
   EXPECT_EQ(NextSiblingHolding(top_, "host "), nullptr);
   TreeNode loose(&top_, Block("host a", {}));
-  EXPECT_EQ(NextSibling(loose), nullptr);
+  EXPECT_EQ(NextSiblingHolding(loose, "host "), nullptr);
   Add(top_, "host b");
-  EXPECT_EQ(NextSibling(loose), nullptr);
   EXPECT_EQ(NextSiblingHolding(loose, "host "), nullptr);
 }
-
-// ---- search by a part of the name ----
 
 TEST_F(FamilyLinks, FirstChildHoldingFindsThePartAnywhereInTheName) {
   EXPECT_EQ(FirstChildHolding(top_, "subnet "), subnet_);

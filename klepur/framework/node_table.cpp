@@ -1,0 +1,93 @@
+#include <klepur/framework/known_node.h>
+#include <klepur/framework/node_table.h>
+
+#include <utility>
+
+namespace klepur::internal {
+namespace {
+
+constexpr std::size_t kFewestSlots = 16;
+
+KnownNode several;
+
+}  // namespace
+
+KnownNode* const NodeTable::kSeveral = &several;
+
+bool NodeTable::FileOrder::operator()(const KnownNode* a, const KnownNode* b) const {
+  const KnownNode* x = a;
+  const KnownNode* y = b;
+  while (x->depth > y->depth) x = x->parent;
+  while (y->depth > x->depth) y = y->parent;
+  if (x == y) return a->depth < b->depth;  // one is in the other, or they are the same
+  while (x->parent != y->parent) {
+    x = x->parent;
+    y = y->parent;
+  }
+  return x->ordinal < y->ordinal;
+}
+
+void NodeTable::Insert(std::size_t hash, KnownNode* node) {
+  if (3 * (taken_ + 1) > 2 * slots_.size()) Grow();
+  Slot& slot = slots_[Find(hash)];
+  if (slot.node == nullptr) {
+    slot = {hash, node};
+    ++taken_;
+  } else if (slot.node == kSeveral) {
+    Same& nodes = same_.at(hash);
+    nodes.insert(nodes.end(), node);
+  } else if (slot.node != node) {
+    same_.emplace(hash, Same{slot.node, node});
+    slot.node = kSeveral;
+  }
+}
+
+void NodeTable::Erase(std::size_t hash, KnownNode* node) {
+  if (slots_.empty()) return;
+  const std::size_t slot = Find(hash);
+  if (slots_[slot].node == kSeveral) {
+    const auto same = same_.find(hash);
+    same->second.erase(node);
+    if (!same->second.empty()) return;
+    same_.erase(same);
+    Empty(slot);
+  } else if (slots_[slot].node == node) {
+    Empty(slot);
+  }
+}
+
+void NodeTable::Clear() noexcept {
+  slots_.clear();
+  same_.clear();
+  taken_ = 0;
+}
+
+/// The slot of a hash, or the empty one where it would stand.
+std::size_t NodeTable::Find(std::size_t hash) const {
+  std::size_t slot = HomeOf(hash);
+  while (slots_[slot].node != nullptr && slots_[slot].hash != hash) slot = Behind(slot);
+  return slot;
+}
+
+void NodeTable::Grow() {
+  std::vector<Slot> slots(std::max(kFewestSlots, 2 * slots_.size()));
+  slots_.swap(slots);
+  for (const Slot& slot : slots) {
+    if (slot.node != nullptr) slots_[Find(slot.hash)] = slot;
+  }
+}
+
+/// Empties a slot and moves the ones behind it up, so that no search stops at the gap.
+void NodeTable::Empty(std::size_t slot) {
+  for (std::size_t next = Behind(slot); slots_[next].node != nullptr; next = Behind(next)) {
+    const std::size_t mask = slots_.size() - 1;
+    const std::size_t probes = (next - HomeOf(slots_[next].hash)) & mask;
+    if (probes < ((next - slot) & mask)) continue;
+    slots_[slot] = slots_[next];
+    slot = next;
+  }
+  slots_[slot] = {};
+  --taken_;
+}
+
+}  // namespace klepur::internal
