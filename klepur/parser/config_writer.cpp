@@ -11,16 +11,31 @@
 #include <klepur/framework/tree_links.h>
 #include <klepur/parser/dhcp_parser.h>
 
+#include <cstddef>
+#include <cstdio>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 using klepur::internal::FirstChild;
 using klepur::internal::TreeNode;
 
 namespace {
 
+/// How much of a file is written at once. A call for each block takes longer than all the rest.
+constexpr std::size_t kWriteSize = 256 * 1024;
+
 bool IsRoot(const CfSection& section) {
-  return std::strcmp(section.GetName(), klepur::internal::kRootName) == 0;
+  const char* const name = section.GetName();
+  return *name == *klepur::internal::kRootName &&
+         std::strcmp(name, klepur::internal::kRootName) == 0;
+}
+
+void AppendLine(std::size_t tabs, std::string_view line, std::string& text) {
+  const std::size_t begin = text.size();
+  text.resize(begin + tabs + line.size() + 1, '\t');
+  line.copy(&text[begin + tabs], line.size());
+  text.back() = '\n';
 }
 
 /// How many levels there are on the way down through first children, this node not counted.
@@ -42,32 +57,38 @@ bool DhcpParser::FileWriter(const char* path, CfSectionHolder* target) {
   leftmostDepth += LeftmostLevels(*root);
   if (outputFile == nullptr) outputFile = path == nullptr ? nullptr : std::fopen(path, "w");
   if (outputFile == nullptr) return false;
+  writeSize_ = kWriteSize;
   try {
     root->TraverseDo(this, WriteSectionW, WriteSectionEndW);
   } catch (...) {
-    CloseOutput();
+    FinishFile();
     throw;
   }
-  CloseOutput();
+  FinishFile();
   return true;
 }
 
+void DhcpParser::FinishFile() noexcept {
+  writeSize_ = 0;
+  WriteCollected();
+  CloseOutput();
+}
+
 bool DhcpParser::WriteSection(CfSection& section) {
-  std::string text;
   if (IsRoot(section)) {
     writeDepth = 0;
   } else {
-    const std::string outerTabs(writeDepth, '\t');
+    text_ += '\n';
+    AppendLine(writeDepth, section.GetName(), text_);
+    AppendLine(writeDepth, "{", text_);
     ++writeDepth;
-    text.append("\n").append(outerTabs).append(section.GetName());
-    text.append("\n").append(outerTabs).append("{\n");
   }
   for (const CfSectionEntry* entry : section.entryList) {
     if (entry == nullptr) continue;
-    if (entry->GetComment() != nullptr) text += '#';
-    text.append(writeDepth, '\t').append(entry->GetKeyName()).append("\n");
+    if (entry->GetComment() != nullptr) text_ += '#';
+    AppendLine(writeDepth, entry->GetKeyName(), text_);
   }
-  WriteBuff(text.c_str());
+  WriteCollected();
   return true;
 }
 
@@ -75,16 +96,22 @@ int DhcpParser::WriteSectionEnd(CfSection& section) {
   if (IsRoot(section)) return 0;
   // A block that is named like the root sets the level to 0, so it can be 0 already.
   if (writeDepth > 0) --writeDepth;
-  std::string text;
-  if (leftmostDepth != 1 && writeDepth == 0) text = "\n";
-  text.append(writeDepth, '\t').append("}\n");
-  WriteBuff(text.c_str());
+  if (leftmostDepth != 1 && writeDepth == 0) text_ += '\n';
+  AppendLine(writeDepth, "}", text_);
+  WriteCollected();
   return 0;
 }
 
 std::size_t DhcpParser::WriteBuff(const char* text) {
   if (outputFile == nullptr || text == nullptr) return 0;
   return std::fwrite(text, 1, std::strlen(text), outputFile);
+}
+
+/// Writes what was collected once it is long enough.
+void DhcpParser::WriteCollected() noexcept {
+  if (text_.size() < writeSize_) return;
+  if (outputFile != nullptr) std::fwrite(text_.data(), 1, text_.size(), outputFile);
+  text_.clear();
 }
 
 bool WriteSectionW(void* ctx, CfSection& section) {

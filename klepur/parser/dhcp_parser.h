@@ -7,6 +7,7 @@
 #include <klepur/framework/section_holder.h>
 
 #include <cstddef>
+#include <string>
 
 /// Reads and writes one DHCP server configuration file. How text becomes a tree: see
 /// klepur::BlockParser.
@@ -63,6 +64,13 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
  protected:
   unsigned int writeDepth;     ///< How many blocks are around the text being written.
   unsigned int leftmostDepth;  ///< Grows with every write, see FileWriter.
+
+ private:
+  void WriteCollected() noexcept;
+  void FinishFile() noexcept;
+
+  std::string text_;           // what is about to be written
+  std::size_t writeSize_ = 0;  // how long that must be to be written: 0 but for whole files
 };
 
 /// Calls WriteSection of the DhcpParser that `ctx` points at. False when `ctx` is null.
