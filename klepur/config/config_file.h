@@ -38,11 +38,11 @@ namespace klepur {
 /// level is the new block, Save writes that block alone, and Open then reads the file behind it.
 /// Call AddSection, which refuses.
 ///
-/// **Cost.** Looking for a block, by its header or by a line of it, takes as long in a large file as
-/// in a small one, and so do stepping to the next block, adding, changing and removing one: what is
-/// read and written is that block. The first lookups in a file walk over its blocks, until that has
-/// cost as much as making tables, which take a third of the tree's memory. Nodes and sections that
-/// lookups return may be changed: the tables are then made again, once that pays.
+/// **Cost.** Looking for a block, by its header or by a line of it, takes as long in a large file
+/// as in a small one, and so do stepping to the next block, adding, changing and removing one: what
+/// is read and written is that block. The first lookups in a file walk over its blocks, until that
+/// has cost as much as making tables, which take a third of the tree's memory. Nodes and sections
+/// that lookups return may be changed: the tables are then made again, once that pays.
 ///
 /// One object is used by one thread at a time.
 template <class Vocabulary>
