@@ -2,47 +2,20 @@
 //
 //     open_and_save FILE
 #include <klepur/klepur.h>
-#include <stdlib.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
-#include <string>
 
 #include "benchmarks/measure.h"
-
-namespace {
-
-/// A file of this process's own that is removed at the end.
-class TemporaryFile {
- public:
-  TemporaryFile() {
-    char pattern[] = "/tmp/klepur-benchmark-XXXXXX";
-    const int descriptor = mkstemp(pattern);
-    if (descriptor == -1) std::abort();
-    close(descriptor);
-    path_ = pattern;
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-  ~TemporaryFile() { std::filesystem::remove(path_); }
-
-  const std::string& Path() const { return path_; }
-
- private:
-  std::string path_;
-};
-
-}  // namespace
+#include "benchmarks/scratch_file.h"
 
 int main(int argc, char** argv) {
   if (argc != 2) {
     std::fputs("usage: open_and_save FILE\n", stderr);
     return EXIT_FAILURE;
   }
-  const TemporaryFile target;
+  const ScratchFile target;
   const double before = PeakMegabytes();
   const double start = Seconds();
   auto file = std::make_unique<DhcpConfigFile>(argv[1]);

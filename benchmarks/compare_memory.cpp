@@ -1,0 +1,51 @@
+// Compares the memory that opening a DHCPv4 configuration file takes at its peak with the size of
+// the file.
+//
+//     compare_memory FILE ROUNDS
+//
+// Each round opens the file in a process of its own; what an idle one has is taken off.
+#include <klepur/klepur.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "benchmarks/check.h"
+#include "benchmarks/command_line.h"
+#include "benchmarks/compare.h"
+
+namespace {
+
+/// The most memory, in bytes, of a child process that runs `work`.
+template <class RunWork>
+double PeakOf(const RunWork& work) {
+  const pid_t child = fork();
+  Check(child != -1, "a process starts");
+  if (child == 0) _exit(work() ? EXIT_SUCCESS : EXIT_FAILURE);
+  int status = 0;
+  rusage usage = {};
+  Check(wait4(child, &status, 0, &usage) == child && status == 0, "the file is opened");
+  return static_cast<double>(usage.ru_maxrss) * 1024;
+}
+
+bool Open(const std::string& path) {
+  return DhcpConfigFile(path.c_str()).Open();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const CommandLine arguments(argc, argv);
+  Samples peaks;
+  for (int round = 0; round < arguments.rounds; ++round) {
+    const double idle = PeakOf([] { return true; });
+    peaks.push_back(PeakOf([&] { return Open(arguments.file); }) - idle);
+  }
+  const double size = arguments.FileSize();
+  const double peak = Median(peaks);
+  PrintRow("peak memory of Open", Megabytes(peak), "the file's size", Megabytes(size), peak / size,
+           3.0);
+  return EXIT_SUCCESS;
+}
