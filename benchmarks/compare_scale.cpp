@@ -6,7 +6,8 @@
 // SMALL and LARGE are numbers of hosts: all in one subnet, and one in each of as many subnets. Each
 // operation is done for every host on a file just opened, in file order and in random order. One
 // that would take longer than SECONDS for all of the large file is done for a sample of hosts, as
-// many and as evenly spread in either file; the row then says for how many. The yardstick at the end is a hash table of as many nodes.
+// many and as evenly spread in either file; the row then says for how many. The yardstick at the
+// end is a hash table of as many nodes.
 #include <klepur/klepur.h>
 
 #include <algorithm>
@@ -110,27 +111,22 @@ std::vector<std::size_t> NumbersFor(const Operation<File>& operation, const Inpu
   return Numbers(operation.hosts == Hosts::kNew ? input.count : 0, input.count, order);
 }
 
-constexpr std::size_t kFewest = 20;
-
-/// What one takes on that input once another one has been done, which may have prepared something
-/// for it.
-template <class File>
-double Estimate(const Operation<File>& operation, const Input& input) {
-  File file(input.file.Name());
-  Check(file.Open(), "the file is opened");
-  std::vector<std::size_t> some = Spread(NumbersFor(operation, input, Order::kOfFile), kFewest + 1);
-  Check(operation.run(file, some.back()), operation.name);
-  some.pop_back();
-  return SecondsEach(operation, file, some);
-}
-
-/// For how many hosts the operation is done: all, or when that would take longer than `seconds`, as
-/// many as take a tenth of it.
+/// For how many hosts the operation is done: all, or when that takes longer than `seconds`, a tenth
+/// of those that this was enough for.
 template <class File>
 std::size_t SampleSize(const Operation<File>& operation, const Input& input, double seconds) {
-  const double each = Estimate(operation, input);
-  if (each * static_cast<double>(input.count) <= seconds) return input.count;
-  return std::clamp(static_cast<std::size_t>(seconds / 10 / each), kFewest, input.count);
+  constexpr std::size_t kFewest = 20;
+  File file(input.file.Name());
+  Check(file.Open(), "the file is opened");
+  const std::vector<std::size_t> numbers = NumbersFor(operation, input, Order::kOfFile);
+  double spent = 0;
+  for (std::size_t done = 0; done < numbers.size(); done += kFewest) {
+    if (spent > seconds) return std::max(kFewest, done / 10);
+    const auto begin = numbers.begin() + static_cast<std::ptrdiff_t>(done);
+    const auto left = static_cast<std::ptrdiff_t>(std::min(kFewest, numbers.size() - done));
+    spent += static_cast<double>(left) * SecondsEach(operation, file, {begin, begin + left});
+  }
+  return input.count;
 }
 
 /// An operation on one input, for all its hosts or a sample of them.
