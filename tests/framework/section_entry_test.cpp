@@ -90,4 +90,30 @@ TEST(SectionEntry, CopyIsIndependent) {
   EXPECT_STREQ(copy.GetComment(), "#");
 }
 
+TEST(SectionEntry, AssignmentTakesOverKeyAndCommentOrTheWantOfOne) {
+  CfSectionEntry live;
+  live.SetKeyName("max-lease-time 7200;");
+  CfSectionEntry commented;
+  commented.SetKeyName("max-lease-time 60;");
+  commented.SetComment("#");
+  CfSectionEntry target;
+  target = commented;
+  EXPECT_STREQ(target.GetKeyName(), "max-lease-time 60;");
+  EXPECT_STREQ(target.GetComment(), "#");
+  target = live;
+  EXPECT_STREQ(target.GetKeyName(), "max-lease-time 7200;");
+  EXPECT_EQ(target.GetComment(), nullptr);
+  EXPECT_STREQ(commented.GetComment(), "#");
+}
+
+TEST(SectionEntry, AssignmentToItselfChangesNothing) {
+  CfSectionEntry entry;
+  entry.SetKeyName("a line that is longer than what has room in the entry itself;");
+  entry.SetComment("#");
+  const CfSectionEntry& same = entry;
+  entry = same;
+  EXPECT_STREQ(entry.GetKeyName(), "a line that is longer than what has room in the entry itself;");
+  EXPECT_STREQ(entry.GetComment(), "#");
+}
+
 }  // namespace
