@@ -23,7 +23,7 @@ using klepur::internal::TreeNode;
 namespace {
 
 /// How much of a file is written at once. A call for each block takes longer than all the rest.
-constexpr std::size_t kWriteSize = 256 * 1024;
+constexpr std::size_t kWriteSize = 262144;
 
 bool IsRoot(const CfSection& section) {
   const char* const name = section.GetName();
