@@ -1,13 +1,14 @@
 #include <klepur/framework/block_parser.h>
 #include <klepur/framework/file_iterator.h>
 #include <klepur/framework/file_utility.h>
+#include <klepur/framework/object_memory.h>
 #include <klepur/framework/tree_links.h>
 
 #include <syslog.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <exception>
-#include <string_view>
 #include <typeinfo>
 #include <utility>
 
@@ -23,14 +24,16 @@ enum LastPunctuator : int {
   kOther = 127,
 };
 
-constexpr std::string_view kBlanks = " \t\v";
+bool IsBlank(char byte) {
+  return byte == ' ' || byte == '\t' || byte == '\v';
+}
 
 void TrimEnd(std::string& text) {
-  text.erase(text.find_last_not_of(kBlanks) + 1);
+  while (!text.empty() && IsBlank(text.back())) text.pop_back();
 }
 
 void TrimStart(std::string& text) {
-  text.erase(0, text.find_first_not_of(kBlanks));
+  text.erase(text.begin(), std::find_if_not(text.begin(), text.end(), IsBlank));
 }
 
 void LogUnreadable(const char* path, const std::exception& reason) {
@@ -45,7 +48,8 @@ BlockParser::BlockParser()
       rootSection(nullptr),
       currentNode(nullptr),
       lastPunctuator(kNone),
-      outputFile(nullptr) {}
+      outputFile(nullptr),
+      memory_(std::make_unique<internal::ObjectMemory>()) {}
 
 BlockParser::~BlockParser() {
   CloseOutput();
@@ -186,16 +190,24 @@ void BlockParser::SectionStartAnalyzer() {
 
 void BlockParser::SectionEndAnalyzer() {
   lastPunctuator = kBlockEnd;
-  if (currentNode != nullptr && currentNode->parent != nullptr) currentNode = currentNode->parent;
+  if (currentNode == nullptr || currentNode->parent == nullptr) return;
+  internal::TreeNode& ended = *currentNode;
+  currentNode = ended.parent;
+  if (atBlockEnd_) atBlockEnd_(ended);
+}
+
+BlockParser::AtBlockEnds::AtBlockEnds(BlockParser& parser, Act act) : parser_(parser) {
+  parser_.atBlockEnd_ = std::move(act);
+}
+
+BlockParser::AtBlockEnds::~AtBlockEnds() {
+  parser_.atBlockEnd_ = nullptr;
 }
 
 bool BlockParser::AddSection(std::string& text) {
   if (currentNode == nullptr && holder == nullptr) return false;
   TrimEnd(text);
-  CfSection section;
-  section.SetName(text.c_str());
-  internal::TreeNode& parent = currentNode != nullptr ? *currentNode : holder->topNode;
-  currentNode = internal::AppendChild(parent, std::move(section));
+  OpenBlock(currentNode != nullptr ? *currentNode : holder->topNode, text.c_str());
   lineBuffer.clear();
   lastPunctuator = kNone;
   return true;
@@ -206,18 +218,24 @@ int BlockParser::AddSectionParameter(std::string& text) {
   TrimEnd(text);
   const bool isComment = lastPunctuator == kComment;
   if (isComment) TrimStart(text);
-  const int added = currentNode->section.AddEntry(text.c_str(), nullptr, isComment ? "#" : nullptr);
+  currentNode->section.Append(*memory_, text, isComment ? "#" : nullptr);
   lineBuffer.clear();
   lastPunctuator = kNone;
-  return added;
+  return 1;
+}
+
+/// Appends a block, which becomes the current one.
+void BlockParser::OpenBlock(internal::TreeNode& parent, const char* name) {
+  CfSection section;
+  section.SetName(name);
+  currentNode =
+      internal::AppendChild(parent, memory_->Make<internal::TreeNode>(&parent, std::move(section)));
 }
 
 bool BlockParser::CreateRootSection() {
   if (rootSection != nullptr) return true;
   if (holder == nullptr) return false;
-  CfSection section;
-  section.SetName(internal::kRootName);
-  currentNode = internal::AppendChild(holder->topNode, std::move(section));
+  OpenBlock(holder->topNode, internal::kRootName);
   rootSection = &currentNode->section;
   return true;
 }

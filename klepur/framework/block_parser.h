@@ -7,9 +7,14 @@
 #include <klepur/framework/section_holder.h>
 
 #include <cstdio>
+#include <functional>
+#include <memory>
 #include <string>
 
 namespace klepur {
+namespace internal {
+class ObjectMemory;
+}
 
 /// The machinery of DhcpParser and Dhcpv6LeasesParser. It knows ";", "{", "}" and "#", and no
 /// words.
@@ -92,6 +97,20 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   std::FILE* outputFile;                   ///< For parsers that also write; null when none is open.
   std::string lineBuffer;                  ///< The statement being collected.
 
+  /// While it lives, `act` is called with each block when it has ended. It may delete the block.
+  class AtBlockEnds {
+   public:
+    using Act = std::function<void(Tree<CfSection>::TreeNode& block)>;
+
+    AtBlockEnds(BlockParser& parser, Act act);
+    AtBlockEnds(const AtBlockEnds&) = delete;
+    AtBlockEnds& operator=(const AtBlockEnds&) = delete;
+    ~AtBlockEnds();
+
+   private:
+    BlockParser& parser_;
+  };
+
   /// Flushes and closes the output file when one is open.
   void CloseOutput() noexcept;
 
@@ -100,6 +119,10 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   bool TakeToken();
   bool ParseInstalledStream(const char* path, void* target);
   void AbandonParse() noexcept;
+  void OpenBlock(Tree<CfSection>::TreeNode& parent, const char* name);
+
+  std::unique_ptr<internal::ObjectMemory> memory_;  // for nodes and entries
+  AtBlockEnds::Act atBlockEnd_;                     // none, usually
 };
 
 }  // namespace klepur

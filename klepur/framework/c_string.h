@@ -4,18 +4,20 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string_view>
 
 namespace klepur::internal {
 
 /// An owned C string, empty at first, in an object of `Size` bytes.
 ///
 /// A text of up to `Size` - 2 characters stands in the object itself, so that most lines of a file
-/// need no memory of their own.
+/// need no memory of their own. Its owner may keep one bit in it: a mark, which neither copying nor
+/// moving takes along, and which assignment leaves alone.
 template <std::size_t Size>
 class CString {
  public:
-  CString() noexcept { SetInline("", 1); }
-  explicit CString(const char* text) { Assign(text); }
+  CString() noexcept { SetEmpty(); }
+  explicit CString(std::string_view text) { Assign(text); }
   CString(const CString& other) { Assign(other.Get()); }
   CString(CString&& other) noexcept { TakeOver(other); }
   CString& operator=(const CString&) = delete;
@@ -31,10 +33,15 @@ class CString {
   /// The text; never null.
   const char* Get() const noexcept { return IsInline() ? bytes_ : Pointer(); }
 
- private:
-  static constexpr std::size_t kRoom = Size - 1;  // the last byte tells where the text is
+  bool IsMarked() const noexcept { return (state_ & kMarked) != 0; }
+  void SetMark(bool marked) noexcept { SetState(kMarked, marked); }
 
-  bool IsInline() const noexcept { return bytes_[kRoom] == 0; }
+ private:
+  static constexpr std::size_t kRoom = Size - 1;
+
+  enum State : unsigned char { kElsewhere = 1, kMarked = 2 };
+
+  bool IsInline() const noexcept { return (state_ & kElsewhere) == 0; }
 
   char* Pointer() const noexcept {
     char* pointer = nullptr;
@@ -42,35 +49,37 @@ class CString {
     return pointer;
   }
 
-  void SetInline(const char* text, std::size_t size) noexcept {
-    std::memcpy(bytes_, text, size);
-    bytes_[kRoom] = 0;
+  void SetState(State state, bool on) noexcept {
+    state_ = static_cast<unsigned char>(on ? state_ | state : state_ & ~state);
   }
 
-  /// Null is the empty text.
-  void Assign(const char* text) {
-    if (text == nullptr) text = "";
-    const std::size_t size = std::strlen(text) + 1;
-    if (size <= kRoom) {
-      SetInline(text, size);
-    } else {
-      char* const pointer = new char[size];
-      std::memcpy(pointer, text, size);
-      std::memcpy(bytes_, &pointer, sizeof pointer);
-      bytes_[kRoom] = 1;
+  void SetEmpty() noexcept {
+    bytes_[0] = 0;
+    SetState(kElsewhere, false);
+  }
+
+  void Assign(std::string_view text) {
+    char* place = bytes_;
+    if (text.size() >= kRoom) {
+      place = new char[text.size() + 1];
+      std::memcpy(bytes_, &place, sizeof place);
+      SetState(kElsewhere, true);
     }
+    place[text.copy(place, text.size())] = 0;
   }
 
   void TakeOver(CString& other) noexcept {
-    std::memcpy(bytes_, other.bytes_, Size);
-    other.SetInline("", 1);
+    std::memcpy(bytes_, other.bytes_, kRoom);
+    SetState(kElsewhere, !other.IsInline());
+    other.SetEmpty();
   }
 
   void Release() noexcept {
     if (!IsInline()) delete[] Pointer();
   }
 
-  char bytes_[Size];  // the text, or a pointer to it
+  char bytes_[kRoom];  // the text, or a pointer to it
+  unsigned char state_ = 0;
 };
 
 }  // namespace klepur::internal

@@ -90,7 +90,7 @@ Token* CfLex::GetToken() {
   }
   switch (ClassOf(*next_)) {
     case ByteClass::kPunctuator:
-      return Take(TokenKind::kPunctuator, next_ + 1);
+      return TakePunctuator();
     case ByteClass::kBlank:
     case ByteClass::kCarriageReturn:
       return Take(TokenKind::kBlank, BlankEnd());
@@ -117,13 +117,11 @@ void CfLex::AppendStatement(std::string& text) {
 
 void CfLex::AppendRestOfLine(std::string& text) {
   if (next_ == linesStop_ && !LoadLines()) return;
-  const auto* end = static_cast<const char*>(std::memchr(next_, '\n', Length(next_, linesStop_)));
-  if (end == nullptr) {
-    end = linesStop_;
-  } else if (end != next_ && end[-1] == '\r') {
-    --end;
+  const char* end = next_;
+  while (LineEndAt(end) == nullptr && end != linesStop_) {
+    if (ClassOf(*end) == ByteClass::kNul) return AppendTokensBeforeNul(text);
+    ++end;
   }
-  if (HasNul(next_, end)) return AppendTokensBeforeNul(text);
   text.append(next_, Length(next_, end));
   next_ = end;
 }
@@ -221,6 +219,13 @@ const char* CfLex::QuotedEnd(const char* quote) {
   }
   unclosedStop_ = at;
   return nullptr;
+}
+
+Token* CfLex::TakePunctuator() {
+  token_.kind = TokenKind::kPunctuator;
+  token_.text.clear();
+  token_.text.push_back(*next_++);
+  return &token_;
 }
 
 Token* CfLex::TakeQuotedOrWord() {

@@ -57,6 +57,7 @@ class KLEPUR_EXPORT CfLex {
   const char* QuotedEnd(const char* quote);
   const char* TextEnd();
   void AppendTokensBeforeNul(std::string& text);
+  klepur::Token* TakePunctuator();
   klepur::Token* TakeQuotedOrWord();
   klepur::Token* TakeWord();
   klepur::Token* Take(klepur::TokenKind kind, const char* end);

@@ -1,3 +1,4 @@
+#include <klepur/framework/object_memory.h>
 #include <klepur/framework/section.h>
 #include <klepur/framework/tree_state.h>
 
@@ -42,7 +43,7 @@ CfSection::~CfSection() {
 }
 
 void CfSection::SetName(const char* name) {
-  name_ = Name(name);
+  name_ = name == nullptr ? Name() : Name(name);
   CountChange();
 }
 
@@ -56,12 +57,20 @@ int CfSection::InsertEntry(CfSectionEntry* entry) {
 
 int CfSection::Append(const char* key, const char* comment) {
   if (key == nullptr) return 0;
-  std::unique_ptr<CfSectionEntry> entry(new CfSectionEntry(key, comment));
+  Append(std::unique_ptr<CfSectionEntry>(new CfSectionEntry(key, comment)));
+  return 1;
+}
+
+void CfSection::Append(klepur::internal::ObjectMemory& memory, std::string_view key,
+                       const char* comment) {
+  Append(memory.Make<CfSectionEntry>(key, comment));
+}
+
+void CfSection::Append(std::unique_ptr<CfSectionEntry> entry) {
   if (entryList.capacity() == 0) entryList.reserve(kUsualEntries);
   entryList.push_back(entry.get());
   static_cast<void>(entry.release());  // the list owns it now
   CountChange();
-  return 1;
 }
 
 int CfSection::RemoveEntry(CfSectionEntry* entry) {
@@ -87,7 +96,7 @@ void CfSection::ClearEntryList() noexcept {
 }
 
 void CfSection::Delete(CfSectionEntry* entry) noexcept {
-  if (entry != nullptr) entry->countsChanges_ = false;
+  if (entry != nullptr) entry->SetCountsChanges(false);
   delete entry;
 }
 

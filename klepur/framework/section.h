@@ -6,14 +6,20 @@
 #include <klepur/framework/c_string.h>
 #include <klepur/framework/section_entry.h>
 
+#include <memory>
+#include <string_view>
 #include <vector>
 
 class CfSectionHolder;
 template <class Section>
 class Tree;
+namespace klepur {
+class BlockParser;
+}
 namespace klepur::internal {
 struct KnownNode;
 struct TreeState;
+class ObjectMemory;
 class TreeIndex;
 }  // namespace klepur::internal
 
@@ -74,11 +80,14 @@ class KLEPUR_EXPORT CfSection {
 
  private:
   friend CfSectionHolder;
+  friend klepur::BlockParser;
   friend klepur::internal::TreeIndex;
   template <class Section>
   friend class Tree;
 
   int Append(const char* key, const char* comment);
+  void Append(klepur::internal::ObjectMemory& memory, std::string_view key, const char* comment);
+  void Append(std::unique_ptr<CfSectionEntry> entry);
   static void Delete(CfSectionEntry* entry) noexcept;
 
   void StartTree();

@@ -3,13 +3,14 @@
 
 CfSectionEntry::CfSectionEntry() noexcept = default;
 
-CfSectionEntry::CfSectionEntry(const CfSectionEntry& other) : keyName_(other.keyName_) {
+CfSectionEntry::CfSectionEntry(const CfSectionEntry& other)
+    : klepur::internal::MadeAnywhere(), keyName_(other.keyName_) {
   SetComment(other.GetComment());
 }
 
-CfSectionEntry::CfSectionEntry(const char* key, const char* comment)
-    : keyName_(key), countsChanges_(true) {
+CfSectionEntry::CfSectionEntry(std::string_view key, const char* comment) : keyName_(key) {
   SetComment(comment);
+  SetCountsChanges(true);
 }
 
 CfSectionEntry& CfSectionEntry::operator=(const CfSectionEntry& other) {
@@ -21,12 +22,12 @@ CfSectionEntry& CfSectionEntry::operator=(const CfSectionEntry& other) {
 }
 
 CfSectionEntry::~CfSectionEntry() {
-  if (countsChanges_) klepur::internal::CountEntryChange();
+  if (CountsChanges()) klepur::internal::CountEntryChange();
 }
 
 void CfSectionEntry::SetKeyName(const char* key) {
-  keyName_ = KeyName(key);
-  if (countsChanges_) klepur::internal::CountEntryChange();
+  keyName_ = key == nullptr ? KeyName() : KeyName(key);
+  if (CountsChanges()) klepur::internal::CountEntryChange();
 }
 
 void CfSectionEntry::SetComment(const char* comment) {

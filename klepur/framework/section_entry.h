@@ -4,21 +4,24 @@
 
 #include <klepur/export.h>
 #include <klepur/framework/c_string.h>
+#include <klepur/framework/made_anywhere.h>
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 class CfSection;
 namespace klepur::internal {
+class ObjectMemory;
 class TreeIndex;
-}
+}  // namespace klepur::internal
 
 /// One line of a block: a statement or a comment.
 ///
 /// The key name is the whole text of the line, its ";" included: "option routers 10.0.0.1;". A
 /// comment that is not null marks the line as commented out; its text is always "#" here and is
 /// never written.
-class KLEPUR_EXPORT CfSectionEntry {
+class KLEPUR_EXPORT CfSectionEntry : public klepur::internal::MadeAnywhere {
  public:
   /// An entry with an empty key name and no comment.
   CfSectionEntry() noexcept;
@@ -50,15 +53,19 @@ class KLEPUR_EXPORT CfSectionEntry {
 
  private:
   friend CfSection;
+  friend klepur::internal::ObjectMemory;
   friend klepur::internal::TreeIndex;
 
   using KeyName = klepur::internal::CString<40>;
 
-  CfSectionEntry(const char* key, const char* comment);
+  CfSectionEntry(std::string_view key, const char* comment);
 
-  KeyName keyName_;
+  /// Whether its changes are counted, see entry_changes.h: while a section owns it.
+  bool CountsChanges() const noexcept { return keyName_.IsMarked(); }
+  void SetCountsChanges(bool count) noexcept { keyName_.SetMark(count); }
+
+  KeyName keyName_;                       // its mark is CountsChanges
   std::unique_ptr<std::string> comment_;  // one pointer wide: few lines have one
-  bool countsChanges_ = false;            // see entry_changes.h; set while a section owns it
 };
 
 #endif

@@ -3,6 +3,7 @@
 #define KLEPUR_FRAMEWORK_TREE_H
 
 #include <klepur/export.h>
+#include <klepur/framework/made_anywhere.h>
 #include <klepur/framework/section.h>
 
 #include <list>
@@ -21,7 +22,7 @@ class Tree {
   /// One block: its section, the block that it stands in, and the blocks that stand in it.
   ///
   /// A node owns its child list and every node in it. It is neither copied nor moved.
-  class KLEPUR_EXPORT TreeNode {
+  class KLEPUR_EXPORT TreeNode : public klepur::internal::MadeAnywhere {
    public:
     /// A node without children that carries a copy of `payload`.
     /// \param above  the node it will hang under, null for a topmost one. The node does not enter

@@ -180,7 +180,7 @@ TreeIndex::Edit::~Edit() {
 /// Whether changes to the section's lines count as made by hand.
 void TreeIndex::Edit::LetEntriesCount(bool count) noexcept {
   for (CfSectionEntry* entry : section_.entryList) {
-    if (entry != nullptr) entry->countsChanges_ = count;
+    if (entry != nullptr) entry->SetCountsChanges(count);
   }
 }
 

@@ -72,8 +72,11 @@ bool IsWithin(const TreeNode* node, const TreeNode& block) {
 }
 
 TreeNode* AppendChild(TreeNode& parent, CfSection&& section) {
+  return AppendChild(parent, std::make_unique<TreeNode>(&parent, std::move(section)));
+}
+
+TreeNode* AppendChild(TreeNode& parent, std::unique_ptr<TreeNode> node) {
   if (parent.children == nullptr) parent.children = new std::list<TreeNode*>;
-  auto node = std::make_unique<TreeNode>(&parent, std::move(section));
   parent.children->push_back(node.get());
   return node.release();
 }

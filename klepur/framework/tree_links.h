@@ -6,6 +6,7 @@
 #include <klepur/framework/tree.h>
 
 #include <list>
+#include <memory>
 #include <string_view>
 
 namespace klepur::internal {
@@ -40,6 +41,9 @@ bool IsWithin(const TreeNode* node, const TreeNode& block);
 /// Appends a new node that carries `section` as the last child of `parent`, making the child list
 /// when there is none, and returns it. When memory runs out nothing is appended.
 TreeNode* AppendChild(TreeNode& parent, CfSection&& section);
+
+/// The same with a node that was built for it.
+TreeNode* AppendChild(TreeNode& parent, std::unique_ptr<TreeNode> node);
 
 }  // namespace klepur::internal
 

@@ -293,6 +293,20 @@ TEST_F(TreeNodeTest, OverridesOfADerivedNodeAreCalledOnEveryLevel) {
 }
 
 /// Keeps every walk out of itself and what is below it.
+/// A node that wants more than the usual alignment.
+struct alignas(64) WideNode : TreeNode {
+  using TreeNode::TreeNode;
+};
+
+TEST_F(TreeNodeTest, DerivedNodeOfAnyAlignmentIsDeletedWithTheOthers) {
+  TreeNode top(nullptr, Named("top"));
+  top.children = new std::list<TreeNode*>;
+  top.children->push_back(new WideNode(&top, Named("wide")));
+  top.children->push_back(new TreeNode(&top, Named("usual")));
+  EXPECT_EQ(top.DeleteAllItems(), 0);
+  EXPECT_EQ(top.children, nullptr);
+}
+
 class ClosedNode : public TreeNode {
  public:
   using TreeNode::TraverseDo;

