@@ -9,10 +9,10 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace klepur::internal {
 namespace {
@@ -35,13 +35,13 @@ std::string_view TakeWord(std::string_view& rest) {
 /// keyword.
 ///
 /// The words of the name are joined without blanks until they make one of the keywords.
-std::string TextBehindKeyword(std::string_view name,
-                              std::initializer_list<std::string_view> keywords) {
+std::string_view TextBehindKeyword(std::string_view name,
+                                   std::initializer_list<std::string_view> keywords) {
   std::string joined;
   for (std::string_view rest = name, word = TakeWord(rest); !word.empty(); word = TakeWord(rest)) {
     joined += word;
     if (std::find(keywords.begin(), keywords.end(), joined) != keywords.end()) {
-      return std::string(From(name, joined.size() + 1));
+      return From(name, joined.size() + 1);
     }
   }
   return "";
@@ -49,7 +49,7 @@ std::string TextBehindKeyword(std::string_view name,
 
 /// The identifier of an identity association in hexadecimal; empty when the block is none.
 std::string Duid(const CfSection& block) {
-  std::string identifier = TextBehindKeyword(block.GetName(), {"ia-ta", "ia-na", "ia-pd"});
+  std::string identifier(TextBehindKeyword(block.GetName(), {"ia-ta", "ia-na", "ia-pd"}));
   std::erase(identifier, '"');
   return DuidInHex(identifier.c_str());
 }
@@ -90,38 +90,56 @@ void ReadStatement(std::string_view line, _Dhcpv6LeaseStore& lease) {
 }
 
 void ReadInnerBlock(const CfSection& block, _Dhcpv6LeaseStore& lease) {
-  std::string address = TextBehindKeyword(block.GetName(), {"iaaddr", "iaprefix"});
-  if (!address.empty()) lease.address = std::move(address);
+  const std::string_view address = TextBehindKeyword(block.GetName(), {"iaaddr", "iaprefix"});
+  if (!address.empty()) lease.address = address;
   for (const CfSectionEntry* entry : block.entryList) {
     if (entry == nullptr || entry->GetComment() != nullptr) continue;
     ReadStatement(entry->GetKeyName(), lease);
   }
 }
 
-/// Calls `visit` for each child of a node in order.
-template <class Visit>
-void ForEachChild(TreeNode& node, Visit visit) {
+/// Calls `take` for each child of a node in order and deletes the child.
+template <class Take>
+void TakeChildren(TreeNode& node, Take take) {
   if (node.children == nullptr) return;
-  for (TreeNode* child : *node.children) {
-    if (child != nullptr) visit(*child);
+  while (!node.children->empty()) {
+    const std::unique_ptr<TreeNode> child(node.children->front());
+    node.children->pop_front();
+    if (child != nullptr) take(*child);
   }
+}
+
+void TakeLease(TreeNode& block, std::list<_Dhcpv6LeaseStore>& leases) {
+  const std::string duid = Duid(block.section);
+  if (duid.empty()) return;
+  std::list<_Dhcpv6LeaseStore> lease(1);
+  lease.front().duid = duid;  // a copy, since the text has more room than it needs
+  TakeChildren(block, [&lease](TreeNode& inner) { ReadInnerBlock(inner.section, lease.front()); });
+  leases.splice(leases.end(), lease);
 }
 
 }  // namespace
 
 void TakeLeases(CfSectionHolder& tree, std::list<_Dhcpv6LeaseStore>& leases) {
-  ForEachChild(tree.topNode, [&leases](TreeNode& top) {
-    ForEachChild(top, [&leases](TreeNode& block) {
-      std::string duid = Duid(block.section);
-      if (duid.empty()) return;
-      std::list<_Dhcpv6LeaseStore> lease(1);
-      lease.front().duid = std::move(duid);
-      ForEachChild(
-          block, [&lease](const TreeNode& inner) { ReadInnerBlock(inner.section, lease.front()); });
-      leases.splice(leases.end(), lease);
-      block.DeleteAllItems();  // while it is at hand
-    });
+  TakeChildren(tree.topNode, [&leases](TreeNode& top) {
+    TakeChildren(top, [&leases](TreeNode& block) { TakeLease(block, leases); });
   });
+}
+
+void LeaseExtraction::TakeEnded(TreeNode& block) noexcept {
+  if (failure_ != nullptr || block.parent->parent != &tree_.topNode) return;
+  try {
+    const std::unique_ptr<TreeNode> taken(&block);
+    block.parent->children->pop_back();  // the last one read
+    TakeLease(block, leases_);
+  } catch (...) {
+    failure_ = std::current_exception();
+  }
+}
+
+void LeaseExtraction::Finish() {
+  if (failure_ != nullptr) std::rethrow_exception(failure_);
+  TakeLeases(tree_, leases_);
 }
 
 }  // namespace klepur::internal

@@ -6,6 +6,7 @@
 #include <syslog.h>
 
 #include <exception>
+#include <typeinfo>
 
 Dhcpv6LeasesParser::Dhcpv6LeasesParser() = default;
 
@@ -18,8 +19,15 @@ std::string Dhcpv6LeasesParser::ParseDuid(const std::string& text) {
 void Dhcpv6LeasesParser::GetLeases(const char* path, std::list<_Dhcpv6LeaseStore>& leases) {
   try {
     CfSectionHolder tree;
-    ParseFile(path, &tree);
-    klepur::internal::TakeLeases(tree, leases);
+    klepur::internal::LeaseExtraction extraction(tree, leases);
+    AtBlockEnds::Act take = [&extraction](auto& block) { extraction.TakeEnded(block); };
+    // A ParseFile of a derived class finds in the tree all that it has read.
+    if (typeid(*this) != typeid(Dhcpv6LeasesParser)) take = nullptr;
+    {
+      const AtBlockEnds ends(*this, take);
+      ParseFile(path, &tree);
+    }
+    extraction.Finish();
   } catch (const std::exception& reason) {
     syslog(LOG_INFO, "%s", reason.what());
   }

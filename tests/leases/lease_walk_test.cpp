@@ -104,12 +104,11 @@ TEST_F(LeaseWalk, NullAmongTheLinesIsPassedOver) {
   EXPECT_THAT(Leases(), ElementsAre("41 address=2001:db8::1 max=6"));
 }
 
-TEST_F(LeaseWalk, WhatWasReadOfAnAssociationIsDeletedAndTheRestStays) {
+TEST_F(LeaseWalk, AllBlocksAreDeleted) {
   AppendChild(*AppendChild(root_, Block("ia-na \"A\"", {})), Block("iaaddr 2001:db8::1", {}));
   AppendChild(*AppendChild(root_, Block("server-duid", {})), Block("inner", {"x 1;"}));
   EXPECT_THAT(Leases(), ElementsAre("41 address=2001:db8::1"));
-  EXPECT_EQ(TreeText(tree_),
-            "[TREE_ROOT_SECTION]\n  [ia-na \"A\"]\n  [server-duid]\n    [inner]\n      x 1;\n");
+  EXPECT_EQ(TreeText(tree_), "");
 }
 
 TEST_F(LeaseWalk, ExceptionKeepsTheLeasesBeforeIt) {
@@ -120,6 +119,56 @@ TEST_F(LeaseWalk, ExceptionKeepsTheLeasesBeforeIt) {
   std::list<_Dhcpv6LeaseStore> leases;
   EXPECT_THROW(TakeLeases(tree_, leases), std::out_of_range);
   EXPECT_THAT(LeaseWords(leases), ElementsAre("41"));
+}
+
+/// What is taken of a tree block by block.
+class LeaseExtractionTest : public LeaseWalk {
+ protected:
+  /// An association with one line in its address.
+  TreeNode& Association(const char* name, const char* line) {
+    TreeNode& block = *AppendChild(root_, Block(name, {}));
+    AppendChild(block, Block("iaaddr 2001:db8::1", {line}));
+    return block;
+  }
+
+  std::list<_Dhcpv6LeaseStore> leases_;
+  internal::LeaseExtraction extraction_{tree_, leases_};
+};
+
+TEST_F(LeaseExtractionTest, BlockThatHasEndedIsTakenAndDeleted) {
+  extraction_.TakeEnded(Association("ia-na \"A\"", "max-life 1;"));
+  EXPECT_EQ(TreeText(tree_), "[TREE_ROOT_SECTION]\n");
+  extraction_.TakeEnded(*AppendChild(root_, Block("server-duid", {})));
+  EXPECT_EQ(TreeText(tree_), "[TREE_ROOT_SECTION]\n");
+  EXPECT_THAT(LeaseWords(leases_), ElementsAre("41 address=2001:db8::1 max=1"));
+}
+
+TEST_F(LeaseExtractionTest, BlockWhereNoAssociationStandsIsLeftAlone) {
+  TreeNode& block = Association("ia-na \"A\"", "max-life 1;");
+  extraction_.TakeEnded(*block.children->front());
+  extraction_.TakeEnded(root_);
+  EXPECT_EQ(TreeText(tree_),
+            "[TREE_ROOT_SECTION]\n"
+            "  [ia-na \"A\"]\n"
+            "    [iaaddr 2001:db8::1]\n"
+            "      max-life 1;\n");
+  EXPECT_THAT(leases_, IsEmpty());
+}
+
+TEST_F(LeaseExtractionTest, WhatHasNotEndedIsTakenAtTheEnd) {
+  extraction_.TakeEnded(Association("ia-na \"A\"", "max-life 1;"));
+  Association("ia-na \"B\"", "max-life 2;");
+  extraction_.Finish();
+  EXPECT_THAT(LeaseWords(leases_),
+              ElementsAre("41 address=2001:db8::1 max=1", "42 address=2001:db8::1 max=2"));
+}
+
+TEST_F(LeaseExtractionTest, NothingIsTakenBehindAnErrorWhichIsThrownAtTheEnd) {
+  extraction_.TakeEnded(Association("ia-na \"A\"", "max-life 1;"));
+  extraction_.TakeEnded(Association("ia-na \"B\"", "set foo = bar;"));
+  extraction_.TakeEnded(Association("ia-na \"C\"", "max-life 3;"));
+  EXPECT_THROW(extraction_.Finish(), std::out_of_range);
+  EXPECT_THAT(LeaseWords(leases_), ElementsAre("41 address=2001:db8::1 max=1"));
 }
 
 TEST_F(LeaseWalk, NamesOfAssociations) {

@@ -746,6 +746,35 @@ TEST_P(LeasesFile, NulByteEndsTheReadingAndWhatStandsBeforeItCounts) {
                                        ", NUL byte in line 6!"));
 }
 
+TEST(LeasesParser, WhatEndsTheExtractionIsLoggedBehindWhatEndsTheReading) {
+  using namespace std::literals;
+  const ScratchFolder scratch;
+  ClearSystemLog();
+  const std::string path = scratch.Write("leases",
+                                         "ia-na \"A\" {\n}\n"
+                                         "ia-na \"B\" {\n  iaaddr 2001:db8::2 {\n"
+                                         "    set foo = bar;\n  }\n}\n"
+                                         "ia-na \"C\" {\n}\n"
+                                         "x \0;\n"sv);
+  std::list<_Dhcpv6LeaseStore> leases;
+  Dhcpv6LeasesParser().GetLeases(path.c_str(), leases);
+  EXPECT_THAT(LeaseWords(leases), ElementsAre("41"));
+  EXPECT_THAT(SystemLog(), ElementsAre("syslog LOG_INFO EXCEPTION! Cannot read " + path +
+                                           ", NUL byte in line 10!",
+                                       kOutOfRange));
+}
+
+TEST(LeasesParser, OnlyAnExtractionDeletesWhatItHasRead) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Write("leases", "ia-na \"A\" {\n}\n");
+  Dhcpv6LeasesParser parser;
+  std::list<_Dhcpv6LeaseStore> leases;
+  parser.GetLeases(path.c_str(), leases);
+  CfSectionHolder tree;
+  ASSERT_TRUE(parser.ParseFile(path.c_str(), &tree));
+  EXPECT_EQ(TreeText(tree), "[ia-na \"A\"]\n");
+}
+
 // ---- files that cannot be read ----
 
 class UnreadableLeases : public ::testing::Test {
@@ -816,6 +845,17 @@ TEST(LeasesOfADerivedParser, ItsParseFileIsCalledAndItsResultIgnored) {
   parser.GetLeases("some.leases", leases);
   EXPECT_THAT(parser.paths, ElementsAre("some.leases"));
   EXPECT_THAT(LeaseWords(leases), ElementsAre(kUsualLease));
+}
+
+TEST(LeasesOfADerivedParser, ItsParseFileFindsAllThatItHasRead) {
+  ScriptedParser parser([](ScriptedParser& self, void* target) {
+    self.ParseBuffer("ia-na \"A\" {\n}\nia-na \"B\" {\n}\n", target);
+    const auto& tree = *static_cast<CfSectionHolder*>(target);
+    EXPECT_EQ(TreeText(tree), "[TREE_ROOT_SECTION]\n  [ia-na \"A\"]\n  [ia-na \"B\"]\n");
+  });
+  std::list<_Dhcpv6LeaseStore> leases;
+  parser.GetLeases("some.leases", leases);
+  EXPECT_THAT(LeaseWords(leases), ElementsAre("41", "42"));
 }
 
 TEST(LeasesOfADerivedParser, StandardExceptionIsLoggedWithItsText) {
