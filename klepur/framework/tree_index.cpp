@@ -16,6 +16,10 @@ namespace {
 /// A node's children are looked for by few keywords; a caller that uses more pays for it.
 constexpr std::size_t kMostKeywords = 8;
 
+/// Comparing the places of two nodes costs as many steps as they are deep. No server nests blocks
+/// like this; in a file that does, the walks remain.
+constexpr std::size_t kDeepest = 100;
+
 std::size_t HashOf(std::string_view text) {
   return std::hash<std::string_view>{}(text);
 }
@@ -127,7 +131,7 @@ TreeNode* TreeIndex::Append(TreeNode& parent, CfSection&& section) {
   if (!wasWhole) return node;
   KeepWhole([this, &parent, node] {
     KnownNode* const above = Find(parent.section);
-    if (above == nullptr) {
+    if (above == nullptr || above->depth == kDeepest) {
       Drop();
     } else {
       EnterTexts(Enter(above, *node, std::prev(parent.children->end())));
@@ -230,6 +234,7 @@ void TreeIndex::Build() {
     }
     const auto place = next++;
     if (*place == nullptr || (*place)->parent != known->node) return Drop();
+    if (known->depth == kDeepest) return Drop();
     // A class of a caller's own may answer walks in its own way.
     if (typeid(**place) != typeid(TreeNode)) return Drop();
     enter(known, **place, place);
@@ -267,11 +272,7 @@ bool TreeIndex::IsTrusted(const KnownNode& known) const {
 
 KnownNode& TreeIndex::Enter(KnownNode* parent, TreeNode& node,
                             std::list<TreeNode*>::iterator place) {
-  if (free_.empty()) {
-    known_.emplace_back();
-    free_.reserve(known_.size());
-    free_.push_back(&known_.back());
-  }
+  if (free_.empty()) free_.push_back(&known_.emplace_back());
   KnownNode& known = *free_.back();
   free_.pop_back();
   node.section.known_ = &known;

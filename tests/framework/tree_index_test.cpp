@@ -317,6 +317,23 @@ TEST_F(TreeIndexTest, TreeWithANodeOfADerivedClassIsWalked) {
   EXPECT_EQ(Addressed(first_, "10.0.0.5"), loner);
 }
 
+TEST_F(TreeIndexTest, BlocksNestedHoweverDeepAreFoundAndRemoved) {
+  TreeNode* const outermost = AppendChild(*first_, Block("nested 0", {}));
+  TreeNode* innermost = outermost;
+  for (int depth = 1; depth < 120; ++depth) {
+    WarmUp();  // the tables, as long as they go so deep
+    innermost = index_.Append(*innermost, Block("nested " + std::to_string(depth), {}));
+    EXPECT_EQ(Named("nested " + std::to_string(depth)), innermost);
+    EXPECT_EQ(Named("nested 0"), outermost);
+  }
+  TreeNode* const above = innermost->parent;
+  EXPECT_TRUE(index_.Remove(*innermost));
+  EXPECT_EQ(above->children->size(), 0U);
+  EXPECT_EQ(Named("nested 119"), nullptr);
+  EXPECT_TRUE(index_.Remove(*outermost));
+  EXPECT_EQ(Named("nested 0"), nullptr);
+}
+
 TEST_F(TreeIndexTest, NodeOfAnotherTreeIsWalked) {
   CfSectionHolder other;
   TreeNode* const subnet = AppendChild(other.topNode, Block("subnet 10.2.0.0", {}));
