@@ -43,11 +43,6 @@ ModelLine ReadLine(std::string_view text) {
   return {std::string(text.substr(commented ? 1 : 0)), commented};
 }
 
-bool HasAddress(std::string_view header) {
-  const std::size_t blank = header.find(' ');
-  return blank == std::string_view::npos || blank != header.find(" netmask ");
-}
-
 MaybeText ReadMaybeText(std::string_view text) {
   return text == "-" ? MaybeText() : MaybeText(text);
 }

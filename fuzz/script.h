@@ -16,10 +16,6 @@ test::Record ReadRecord(std::string_view text);
 /// "#range 1 2;": a line, commented out.
 test::ModelLine ReadLine(std::string_view text);
 
-/// Whether the model knows where the address in a header ends: not when the first blank is also the
-/// one of " netmask ", which then stands both before the address and behind it.
-bool HasAddress(std::string_view header);
-
 /// "-" is a null pointer.
 test::MaybeText ReadMaybeText(std::string_view text);
 

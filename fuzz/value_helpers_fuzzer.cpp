@@ -251,7 +251,7 @@ void Check(const Input& input) {
     helpers.CheckText(text);
     helpers.CheckRecord(ReadRecord(text));
   }
-  if (HasAddress(input.block.name)) helpers.CheckBlock(input.block);
+  helpers.CheckBlock(input.block);
 }
 
 void CheckEither(const std::string& text) {

@@ -15,8 +15,7 @@ std::string BehindFirstBlank(const std::string& header) {
 
 std::string SubnetName(const ModelFamily& family, const std::string& header) {
   if (family.isV6) return BehindFirstBlank(header);
-  const std::string address = BehindFirstBlank(header.substr(0, header.find(" netmask ")));
-  return address + ":" + header.substr(header.rfind(' ') + 1);
+  return HeaderAddress(header) + ":" + header.substr(header.rfind(' ') + 1);
 }
 
 void ReadHeader(const ModelFamily& family, const std::string& header, Record& record,
@@ -125,6 +124,13 @@ bool MakeHeader(const ModelFamily& family, int type, const std::string& name, st
 }
 
 }  // namespace
+
+std::string HeaderAddress(const std::string& header) {
+  const std::size_t netmask = header.find(" netmask ");
+  // A blank that is both the first one and that of " netmask " ends nothing.
+  const bool ends = netmask != std::string::npos && netmask != header.find(' ');
+  return BehindFirstBlank(ends ? header.substr(0, netmask) : header);
+}
 
 int TypeOfLine(const ModelFamily& family, const std::string& line) {
   for (const auto& [keyword, type] : family.keywords) {

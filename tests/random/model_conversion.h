@@ -13,6 +13,9 @@ namespace klepur::test {
 /// The type of a line; -1 for a line of none.
 int TypeOfLine(const ModelFamily& family, const std::string& line);
 
+/// What stands between the first blank of a subnet's header and " netmask ", or its end.
+std::string HeaderAddress(const std::string& header);
+
 /// The record of a block.
 Record Read(const ModelFamily& family, const ModelNode& node, bool rawEntries);
 

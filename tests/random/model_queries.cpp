@@ -1,15 +1,14 @@
 // The subnet queries, by the model.
 #include <algorithm>
 
+#include "tests/random/model_conversion.h"
 #include "tests/random/model_file.h"
 
 namespace klepur::test {
 
 int ModelFile::GetSubnet(std::string& subnet) {
   if (!topHasList_ || currentSubnet_ == nullptr) return 0;
-  const std::string& header = currentSubnet_->name;
-  const std::string front = header.substr(0, header.find(" netmask "));
-  subnet = front.substr(front.find(' ') + 1);
+  subnet = HeaderAddress(currentSubnet_->name);
   return 1;
 }
 
