@@ -11,6 +11,7 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <type_traits>
 
 namespace klepur {
 
@@ -75,6 +76,7 @@ void ConfigFile<Vocabulary>::DiscardTree() {
   if (parser != nullptr) {
     // The old parser closes the system log before the new one opens it. It stays when there is no
     // memory for the new one.
+    static_assert(std::is_nothrow_default_constructible_v<DhcpParser>);
     void* const memory = ::operator new(sizeof(DhcpParser));
     delete parser;
     parser = new (memory) DhcpParser;

@@ -1,7 +1,6 @@
 #include <klepur/framework/block_parser.h>
 #include <klepur/framework/file_iterator.h>
 #include <klepur/framework/file_utility.h>
-#include <klepur/framework/object_memory.h>
 #include <klepur/framework/tree_links.h>
 
 #include <syslog.h>
@@ -42,14 +41,13 @@ void LogUnreadable(const char* path, const std::exception& reason) {
 
 }  // namespace
 
-BlockParser::BlockParser()
+BlockParser::BlockParser() noexcept
     : currentToken(nullptr),
       holder(nullptr),
       rootSection(nullptr),
       currentNode(nullptr),
       lastPunctuator(kNone),
-      outputFile(nullptr),
-      memory_(std::make_unique<internal::ObjectMemory>()) {}
+      outputFile(nullptr) {}
 
 BlockParser::~BlockParser() {
   CloseOutput();
@@ -218,7 +216,7 @@ int BlockParser::AddSectionParameter(std::string& text) {
   TrimEnd(text);
   const bool isComment = lastPunctuator == kComment;
   if (isComment) TrimStart(text);
-  currentNode->section.Append(*memory_, text, isComment ? "#" : nullptr);
+  currentNode->section.Append(memory_, text, isComment ? "#" : nullptr);
   lineBuffer.clear();
   lastPunctuator = kNone;
   return 1;
@@ -229,7 +227,7 @@ void BlockParser::OpenBlock(internal::TreeNode& parent, const char* name) {
   CfSection section;
   section.SetName(name);
   currentNode =
-      internal::AppendChild(parent, memory_->Make<internal::TreeNode>(&parent, std::move(section)));
+      internal::AppendChild(parent, memory_.Make<internal::TreeNode>(&parent, std::move(section)));
 }
 
 bool BlockParser::CreateRootSection() {

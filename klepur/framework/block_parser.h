@@ -3,18 +3,15 @@
 #define KLEPUR_FRAMEWORK_BLOCK_PARSER_H
 
 #include <klepur/export.h>
+#include <klepur/framework/object_memory.h>
 #include <klepur/framework/parser_base.h>
 #include <klepur/framework/section_holder.h>
 
 #include <cstdio>
 #include <functional>
-#include <memory>
 #include <string>
 
 namespace klepur {
-namespace internal {
-class ObjectMemory;
-}
 
 /// The machinery of DhcpParser and Dhcpv6LeasesParser. It knows ";", "{", "}" and "#", and no
 /// words.
@@ -35,7 +32,7 @@ class ObjectMemory;
 /// puts the file's blocks straight under the holder. Use a new object for each file.
 class KLEPUR_EXPORT BlockParser : public CfParser {
  public:
-  BlockParser();
+  BlockParser() noexcept;
 
   /// Closes the output file when one is open.
   ~BlockParser() override;
@@ -121,8 +118,8 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   void AbandonParse() noexcept;
   void OpenBlock(Tree<CfSection>::TreeNode& parent, const char* name);
 
-  std::unique_ptr<internal::ObjectMemory> memory_;  // for nodes and entries
-  AtBlockEnds::Act atBlockEnd_;                     // none, usually
+  internal::ObjectMemory memory_;  // for nodes and entries
+  AtBlockEnds::Act atBlockEnd_;    // none, usually
 };
 
 }  // namespace klepur

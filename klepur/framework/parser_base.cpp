@@ -22,7 +22,7 @@ class TextIterator : public StreamIterator {
 
 }  // namespace
 
-CfParser::CfParser() : lexer(nullptr), stream(nullptr) {}
+CfParser::CfParser() noexcept : lexer(nullptr), stream(nullptr) {}
 
 CfParser::~CfParser() {
   ClearSlots();

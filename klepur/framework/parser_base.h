@@ -9,7 +9,7 @@
 /// The base of the parsers: the slots for a lexer and for the stream it reads.
 class KLEPUR_EXPORT CfParser {
  public:
-  CfParser();
+  CfParser() noexcept;
   CfParser(const CfParser&) = delete;
   CfParser& operator=(const CfParser&) = delete;
 

@@ -235,6 +235,8 @@ void TreeIndex::Build() {
     const auto place = next++;
     if (*place == nullptr || (*place)->parent != known->node) return Drop();
     if (known->depth == kDeepest) return Drop();
+    // What happens to a node of another tree is counted there.
+    if ((*place)->section.state_ != &state_) return Drop();
     // A class of a caller's own may answer walks in its own way.
     if (typeid(**place) != typeid(TreeNode)) return Drop();
     enter(known, **place, place);

@@ -2,7 +2,7 @@
 
 #include <syslog.h>
 
-DhcpParser::DhcpParser() : writeDepth(0), leftmostDepth(0) {
+DhcpParser::DhcpParser() noexcept : writeDepth(0), leftmostDepth(0) {
   openlog("dhcpparser", LOG_PID, LOG_USER);
 }
 

@@ -17,7 +17,7 @@
 class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
  public:
   /// Opens the system log: identity "dhcpparser", option LOG_PID, facility LOG_USER.
-  DhcpParser();
+  DhcpParser() noexcept;
 
   /// Closes the output file when one is open, and the system log.
   ~DhcpParser() override;

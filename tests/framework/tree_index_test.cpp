@@ -5,6 +5,7 @@
 #include <klepur/framework/name_match.h>
 
 #include <cstdint>
+#include <list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -60,6 +61,14 @@ class TreeIndexTest : public ::testing::Test {
   static void Delete(TreeNode* node) {
     node->parent->children->remove(node);
     delete node;
+  }
+
+  /// Hangs a living node under another one and tells the tables so.
+  static void Move(TreeNode* node, TreeNode* parent) {
+    node->parent->children->remove(node);
+    node->parent = parent;
+    parent->children->push_back(node);
+    node->section.SetName(std::string(node->section.GetName()).c_str());
   }
 
   CfSectionHolder holder_;
@@ -173,6 +182,19 @@ TEST_F(TreeIndexTest, EditedSectionIsFoundByItsNewTexts) {
   EXPECT_EQ(Addressed(first_, "10.0.0.5"), b_);
 }
 
+TEST_F(TreeIndexTest, EditMayOutliveTheTables) {
+  {
+    const TreeIndex::Edit edit(&index_, b_->section);
+    b_->section.SetName("host e");
+    index_.Drop();
+  }
+  for (int again = 0; again < 2; ++again) {
+    EXPECT_EQ(Named("host b"), nullptr);
+    EXPECT_EQ(Named("host e"), b_);
+    WarmUp();
+  }
+}
+
 TEST_F(TreeIndexTest, EditOfASectionOutsideTheTreeOrWithoutAnIndexDoesNothing) {
   CfSection loose;
   {
@@ -204,6 +226,7 @@ TEST_F(TreeIndexTest, SectionThatWasMovedFromIsNoticed) {
   EXPECT_EQ(Named("host b"), nullptr);
   EXPECT_EQ(Addressed(first_, "10.0.0.2"), nullptr);
   EXPECT_STREQ(taken.GetName(), "host b");
+  EXPECT_EQ(Named("", first_), b_);
 }
 
 TEST_F(TreeIndexTest, ChangedLinesAreNoticed) {
@@ -226,10 +249,30 @@ TEST_F(TreeIndexTest, ChangedLinesAreNoticed) {
   EXPECT_EQ(Addressed(first_, "10.0.0.3"), nullptr);
 }
 
+TEST_F(TreeIndexTest, EachChangeOfALineIsNoticed) {
+  for (int i = 20; i < 60; ++i) {
+    const std::string address = "10.0.0." + std::to_string(i);
+    b_->section.entryList.front()->SetKeyName(("fixed-address " + address + ";").c_str());
+    EXPECT_EQ(Addressed(first_, address), b_);
+  }
+}
+
 TEST_F(TreeIndexTest, LineThatIsDeletedByHandIsNoticed) {
   delete b_->section.entryList.front();
   b_->section.entryList.clear();
   EXPECT_EQ(Addressed(first_, "10.0.0.2"), nullptr);
+}
+
+TEST_F(TreeIndexTest, LineThatIsDeletedByHandLeavesNoTraceWhenItsNodeGoes) {
+  TreeNode* const e = Host(*second_, "e", "10.1.0.5");
+  TreeNode* const f = Host(*second_, "f", "10.1.0.5");
+  Host(*second_, "g", "10.1.0.5");
+  WarmUp();
+  delete f->section.entryList.front();
+  f->section.entryList.clear();
+  ASSERT_TRUE(index_.Remove(*f));
+  index_.Append(*first_, Block("host h", {}));
+  EXPECT_EQ(Addressed(second_, "10.1.0.5"), e);
 }
 
 TEST_F(TreeIndexTest, LineThatIsTakenOutByHandDoesNoHarmWhenItsNodeGoes) {
@@ -237,6 +280,8 @@ TEST_F(TreeIndexTest, LineThatIsTakenOutByHandDoesNoHarmWhenItsNodeGoes) {
   b_->section.entryList.clear();
   EXPECT_EQ(Addressed(first_, "10.0.0.2"), nullptr);
   ASSERT_TRUE(index_.Remove(*b_));
+  CfSectionHolder other;  // whose node may well get the memory that was the removed one's
+  Host(other.topNode, "b", "10.0.0.2");
   EXPECT_EQ(Addressed(first_, "10.0.0.2"), nullptr);
   index_.Append(*second_, Block("host e", {"fixed-address 10.0.0.2;"}));
   EXPECT_EQ(Addressed(first_, "10.0.0.2"), nullptr);
@@ -296,11 +341,68 @@ TEST_F(TreeIndexTest, NodeThatIsTakenOutOfItsListByHandIsNotFound) {
   EXPECT_FALSE(index_.Remove(*b_));
 }
 
+TEST_F(TreeIndexTest, BlockThatALookupMissesIsNotSearchedAnyMore) {
+  root_->children->remove(first_);
+  const std::unique_ptr<TreeNode> taken(first_);
+  EXPECT_EQ(Named("subnet 10.0.0.0"), nullptr);
+  EXPECT_EQ(Named("host a"), nested_);
+}
+
+TEST_F(TreeIndexTest, BlockThatARemovalMissesIsNotSearchedAnyMore) {
+  root_->children->remove(first_);
+  const std::unique_ptr<TreeNode> taken(first_);
+  EXPECT_FALSE(index_.Remove(*first_));
+  EXPECT_EQ(Named("host a"), nested_);
+}
+
 TEST_F(TreeIndexTest, NullInAChildListIsPassedOver) {
   first_->children->push_front(nullptr);
   WarmUp();
   EXPECT_EQ(Named("host c"), c_);
   EXPECT_EQ(Addressed(first_, "10.0.0.3"), c_);
+}
+
+TEST_F(TreeIndexTest, ListThatIsFoundToHoldANullIsWalkedFromThenOn) {
+  first_->children->remove(b_);
+  first_->children->push_front(nullptr);
+  const std::unique_ptr<TreeNode> taken(b_);
+  // The list is as long as it was, so nothing shows before a table of other lines is made of it.
+  for (int i = 0; i < 20; ++i) {
+    EXPECT_EQ(index_.FirstChildWithLine(*first_, "max-lease-time 1;"), nullptr);
+  }
+  EXPECT_EQ(Named("host b"), nullptr);
+}
+
+TEST_F(TreeIndexTest, BlockThatHoldsANullIsRemovedWhole) {
+  second_->children->push_front(nullptr);
+  ASSERT_TRUE(index_.Remove(*second_));
+  EXPECT_EQ(Named("host d"), nullptr);
+  EXPECT_EQ(Named("host a", root_), a_);
+  EXPECT_EQ(root_->children->size(), 1U);
+}
+
+TEST_F(TreeIndexTest, ChildListThatIsTakenAwayByHandIsNotSearched) {
+  const std::unique_ptr<std::list<TreeNode*>> taken(std::exchange(first_->children, nullptr));
+  EXPECT_EQ(Named("host b"), nullptr);
+  EXPECT_EQ(Addressed(first_, "10.0.0.2"), nullptr);
+  EXPECT_FALSE(index_.Remove(*b_));
+  for (TreeNode* node : *taken) delete node;
+}
+
+TEST_F(TreeIndexTest, NullInTheLinesIsPassedOver) {
+  b_->section.entryList.insert(b_->section.entryList.begin(), nullptr);
+  EXPECT_EQ(Addressed(first_, "10.0.0.2"), b_);
+  {
+    const TreeIndex::Edit edit(&index_, b_->section);
+    b_->section.entryList.back()->SetKeyName("fixed-address 10.0.0.5;");
+  }
+  EXPECT_EQ(Addressed(first_, "10.0.0.5"), b_);
+  index_.Drop();
+  EXPECT_EQ(Addressed(first_, "10.0.0.5"), b_);
+  WarmUp();
+  EXPECT_EQ(Addressed(first_, "10.0.0.5"), b_);
+  ASSERT_TRUE(index_.Remove(*b_));
+  EXPECT_EQ(Addressed(first_, "10.0.0.5"), nullptr);
 }
 
 /// Answers no search but that for its own name.
@@ -341,6 +443,35 @@ TEST_F(TreeIndexTest, NodeOfAnotherTreeIsWalked) {
   EXPECT_EQ(index_.FirstNamed(other.topNode, "host a"), host);
   EXPECT_EQ(Addressed(subnet, "10.2.0.1"), host);
   EXPECT_EQ(index_.FirstNamed(other.topNode, "host b"), nullptr);
+}
+
+TEST_F(TreeIndexTest, NodeOfAnotherTreeIsAppendedAndRemovedAllTheSame) {
+  CfSectionHolder other;
+  TreeNode* const a = index_.Append(other.topNode, Block("host a", {"fixed-address 10.2.0.1;"}));
+  TreeNode* const b = index_.Append(other.topNode, Block("host b", {}));
+  WarmUp();
+  EXPECT_EQ(index_.NextSiblingHolding(*a, ""), b);
+  EXPECT_EQ(Addressed(&other.topNode, "10.2.0.1"), a);
+  ASSERT_TRUE(index_.Remove(*a));
+  EXPECT_EQ(index_.FirstNamed(other.topNode, "host a"), nullptr);
+  EXPECT_EQ(index_.FirstNamed(other.topNode, "host b"), b);
+  EXPECT_EQ(Named("host a"), a_);
+}
+
+TEST_F(TreeIndexTest, NodeThatChangedPlacesWithOneOfAnotherTreeIsWalkedTo) {
+  CfSectionHolder other;
+  TreeNode* const subnet = AppendChild(other.topNode, Block("subnet 10.2.0.0", {}));
+  TreeNode* const e = Host(*subnet, "e", "10.2.0.1");
+  Move(e, first_);
+  Move(b_, subnet);
+  WarmUp();
+  EXPECT_EQ(Named("host e"), e);
+  e->section.SetName("host f");
+  EXPECT_EQ(Named("host e"), nullptr);
+  EXPECT_EQ(Named("host f"), e);
+  WarmUp();
+  ASSERT_TRUE(index_.Remove(*e));
+  EXPECT_EQ(Named("host f"), nullptr);
 }
 
 TEST_F(TreeIndexTest, NodeMayOutliveItsHolder) {
