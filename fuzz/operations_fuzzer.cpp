@@ -121,6 +121,7 @@ class Run {
       // What stood in the tree before the first reading stays, and cursors of it mean nothing.
       model_.PlaceCursors(std::nullopt, std::nullopt);
       library_.PlaceCursors(std::nullopt, std::nullopt);
+      saved_ = nullptr;  // it is read behind what stays
     }
     wasOpened_ = true;
     const PlainTree tree = PlainRead(files_.own.Read());

@@ -8,8 +8,8 @@
 
 namespace klepur::fuzz {
 
-/// Where the first character stands that is one of those wanted, among those that are scanned: the first
-/// (length modulo 65536), but none when that is 32768 or more. Without one, where they end.
+/// Where the first character stands that is one of those wanted, among those that are scanned: the
+/// first (length modulo 65536), but none when that is 32768 or more. Without one, where they end.
 std::size_t PlainFirst(const std::string& text, const std::string& wanted);
 
 extern const std::string kDigits;

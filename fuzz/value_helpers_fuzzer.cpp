@@ -3,17 +3,17 @@
 //
 // An input is lines of text, see the corpus:
 //
-//     4 32768x       the family; how often the last character stands in front of the header, so that
-//                    short inputs make texts of the lengths that are counted with 16 bits
+//     4 32768x       the family; how often the last character stands in front of the header, so
+//                    that short inputs make texts of the lengths that are counted with 16 bits
 //     ;              a separator, characters to stop at, a character wanted, a text to look for
 //     host pc-17     the header of a block
 //     range 1 2;     lines of the block, "#" before one that is commented out; each of them, and
-//     3|0=pc-17      the header, is also a text for the functions and a record to be made into lines
+//     3|0=pc-17      the header, is also a text for the functions and a record to be made into
+//                    lines
 //
 // What is checked: everything is as the plain models say; nothing else is written to, neither what
 // stays as it is on failure nor the block nor what stands behind a copied value; what a record's
-// plain values are made into is read as the same values. A header without an address, see
-// fuzz/script.h, is not read as one of a block.
+// plain values are made into is read as the same values.
 #include <klepur/klepur.h>
 
 #include <algorithm>

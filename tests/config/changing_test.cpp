@@ -788,6 +788,16 @@ TYPED_TEST(ChangingTreeSections, AnySectionIsChangedWithoutAFile) {
   EXPECT_STREQ(section.entryList[0]->GetKeyName(), "max-lease-time 1;");
 }
 
+TYPED_TEST(ChangingTreeSections, NoHolderIsWanted) {
+  this->Given(kBlocks);
+  this->WithoutHolder();
+  CfSection section;
+  EXPECT_EQ(this->Conf().ChangeTreeSection(this->Timed(SECTION_HOST, "a"), &section, "b"), 1);
+  EXPECT_STREQ(section.GetName(), "host b");
+  ASSERT_EQ(section.entryList.size(), 1U);
+  EXPECT_STREQ(section.entryList[0]->GetKeyName(), "max-lease-time 1;");
+}
+
 TYPED_TEST(ChangingTreeSections, RecordOfNoKindGivesAnEmptyName) {
   for (const auto type : kNoKinds) {
     CfSection section;

@@ -106,6 +106,12 @@ class ThrowingParser : public DhcpParser {
   bool ParseFile(const char* /*path*/, void* /*target*/) override { throw 17; }
 };
 
+/// Reports success and brings nothing, not even a root section.
+class IdleParser : public DhcpParser {
+ public:
+  bool ParseFile(const char* /*path*/, void* /*target*/) override { return true; }
+};
+
 class NotingParser : public DhcpParser {
  public:
   explicit NotingParser(std::vector<std::string>& notes) : notes_(notes) {}
@@ -459,6 +465,18 @@ TYPED_TEST(Opening, FileIsReadBehindWhatWasAddedBeforeItAndTheCursorsAreCleared)
   EXPECT_EQ(this->Cursors(), "null / null");
 }
 
+TYPED_TEST(Opening, SubnetCursorOnWhatWasAddedBeforeTheFileIsCleared) {
+  this->Unopened("host b {\n}\n");
+  EXPECT_TRUE(this->Conf().AddTreeSection(
+      this->Record(SectionTypes::SECTION_SUBNET,
+                   {{TypeParam::kName, "@header1"}, {TypeParam::kMaxLeaseTime, "log one;"}}),
+      nullptr));
+  ASSERT_TRUE(this->Conf().GotoSection(this->Text("@bare1").c_str(), SectionTypes::SECTION_SUBNET));
+  ASSERT_EQ(this->Cursors(), this->Text("null / @header1"));
+  EXPECT_TRUE(this->Open());
+  EXPECT_EQ(this->Cursors(), "null / null");
+}
+
 TYPED_TEST(Opening, AgainReadsWhatTheFileHoldsNow) {
   this->Given(kNested);
   this->Write("dhcpd.conf", "host new {\n}\n");
@@ -506,6 +524,17 @@ TYPED_TEST(Opening, OldParserClosesTheLogBeforeTheNewOneOpensIt) {
   EXPECT_THAT(SystemLog(), ElementsAre("closelog", kOpenLog));
   this->file_.reset();
   EXPECT_THAT(SystemLog(), ElementsAre("closelog", kOpenLog, "closelog"));
+}
+
+TYPED_TEST(Opening, ParserThatBringsNoRootSectionLeavesNoCursors) {
+  this->Unopened(kNested);
+  delete std::exchange(this->Conf().parser, new IdleParser);
+  EXPECT_TRUE(this->Open());
+  EXPECT_EQ(this->Cursors(), "null / null");
+  this->Conf().isRead = 0;
+  this->Conf().holder->topNode.children = new std::list<TreeNode*>;
+  EXPECT_TRUE(this->Open());
+  EXPECT_EQ(this->Cursors(), "null / null");
 }
 
 // ---- ReadDhcpConfigFile

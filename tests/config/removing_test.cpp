@@ -820,6 +820,17 @@ TYPED_TEST(RemovingFromABrokenTree, NetworkNotHeldByItsParentStaysWithoutItsChil
   }
 }
 
+TYPED_TEST(RemovingFromABrokenTree, NullAmongTheChildrenStopsTheRemoval) {
+  this->Given();
+  this->Node("@header1")->children->insert(++this->Node("@header1")->children->begin(), nullptr);
+  EXPECT_EQ(this->Conf().RemoveSubnetSection(this->Text("@bare1").c_str()), 0);
+  EXPECT_EQ(this->Conf().RemoveSubnetSection(this->Text("@bare1").c_str()), 0);
+  const auto* const children = this->Node("@header1")->children;
+  ASSERT_EQ(children->size(), 3U);
+  EXPECT_EQ(children->front(), nullptr);
+  EXPECT_STREQ(children->back()->section.GetName(), "host c");
+}
+
 // ---- After a removal
 
 /// Cursors that stood in what was removed.

@@ -165,6 +165,13 @@ TEST_F(BlockParsing, NullHolderIsRefused) {
   EXPECT_EQ(parser_.holder, nullptr);
 }
 
+TEST_F(BlockParsing, WithoutALexerThereIsNothingToRead) {
+  EXPECT_TRUE(parser_.DoParse(&holder_));
+  EXPECT_EQ(Tree(), "[TREE_ROOT_SECTION]\n");
+  EXPECT_EQ(parser_.GetLine(), nullptr);
+  EXPECT_EQ(parser_.lineBuffer, "");
+}
+
 TEST_F(BlockParsing, TokensAreTakenByTheirKind) {
   EXPECT_TRUE(Parsed({{kBlank, "  "},
                       {kWord, "w"},
@@ -358,6 +365,12 @@ TEST_F(BlockParsing, EndOfABlockGoesUpButNotAboveTheTop) {
   EXPECT_EQ(parser_.currentNode, &holder_.topNode);
   EXPECT_EQ(parser_.lastPunctuator, 125);
   EXPECT_EQ(parser_.lineBuffer, "x 1");
+}
+
+TEST_F(BlockParsing, EndOfABlockWithoutACurrentOneIsOnlyNoted) {
+  parser_.SectionEndAnalyzer();
+  EXPECT_EQ(parser_.currentNode, nullptr);
+  EXPECT_EQ(parser_.lastPunctuator, 125);
 }
 
 // ---- the root section

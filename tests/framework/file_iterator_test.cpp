@@ -1,7 +1,7 @@
 #include <klepur/framework/file_iterator.h>
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/time.h>
@@ -21,6 +21,7 @@ namespace klepur::test {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::ThrowsMessage;
 
 class FileReading : public ::testing::Test {
  protected:
@@ -45,6 +46,15 @@ class FileReading : public ::testing::Test {
     }
   }
 
+  /// The descriptor on which a file is open; -1 when there is none.
+  static int DescriptorOf(const fs::path& path) {
+    for (const fs::directory_entry& entry : fs::directory_iterator("/proc/self/fd")) {
+      std::error_code gone;
+      if (fs::read_symlink(entry, gone) == path) return std::stoi(entry.path().filename());
+    }
+    return -1;
+  }
+
   ScratchFolder scratch_;
 };
 
@@ -61,6 +71,12 @@ TEST_F(FileReading, BringsEveryByteWhateverTheSizeOfTheReads) {
     FileIterator file(path.c_str());
     EXPECT_EQ(Rest(file, size), content) << size;
   }
+}
+
+TEST_F(FileReading, ProgramsThatAreStartedMeanwhileDoNotGetTheFile) {
+  const std::string path = fs::canonical(scratch_.Write("short", "abcdef"));
+  const FileIterator file(path.c_str());
+  EXPECT_EQ(fcntl(DescriptorOf(path), F_GETFD), FD_CLOEXEC);
 }
 
 TEST_F(FileReading, EmptyFileIsAtItsEndAtOnce) {
@@ -128,8 +144,9 @@ TEST_F(FileReading, OpeningThrowsTheSystemsReason) {
   EXPECT_EQ(OpeningError(scratch_.Write("file", "") + "/x"), "Not a directory");
 }
 
-TEST_F(FileReading, OpeningNullThrows) {
-  EXPECT_THROW(FileIterator(nullptr), std::exception);
+TEST_F(FileReading, NullIsAFileThatIsMissing) {
+  EXPECT_THAT([] { const FileIterator file(nullptr); },
+              ThrowsMessage<std::system_error>("No such file or directory"));
 }
 
 TEST_F(FileReading, OpeningADirectoryThrowsAndLeavesNothingOpen) {

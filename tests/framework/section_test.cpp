@@ -179,7 +179,7 @@ TEST(Section, InsertEntryOfNullChangesNothing) {
 TEST(Section, RemoveEntryRemovesTheVeryEntryAmongEqualOnes) {
   CfSection section = Block("", {"x 1;", "y 2;", "x 1;"});
   const CfSectionEntry* const first = section.entryList[0];
-  EXPECT_NE(section.RemoveEntry(section.entryList[2]), 0);
+  EXPECT_EQ(section.RemoveEntry(section.entryList[2]), 1);
   EXPECT_THAT(Lines(section), ElementsAre("x 1;", "y 2;"));
   EXPECT_EQ(section.entryList[0], first);
 }

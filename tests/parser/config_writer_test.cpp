@@ -498,6 +498,21 @@ TEST_F(ConfigWriterSteps, TextIsWrittenUpToItsEndAndItsBytesAreCounted) {
   EXPECT_EQ(Written(), "deny b;\n");
 }
 
+TEST_F(ConfigWriterSteps, BlockWithoutAnOpenFileIsNotWritten) {
+  EXPECT_TRUE(parser_.WriteSection(section_));
+  EXPECT_EQ(parser_.WriteSectionEnd(section_), 0);
+  Open();
+  EXPECT_TRUE(parser_.WriteSection(root_));
+  EXPECT_EQ(Written(), "deny c;\n");
+}
+
+TEST_F(ConfigWriterSteps, NullAmongTheLinesIsPassedOver) {
+  Open();
+  section_.entryList.insert(section_.entryList.begin(), nullptr);
+  EXPECT_TRUE(parser_.WriteSection(section_));
+  EXPECT_EQ(Written(), "\nhost a\n{\n\tdeny b;\n");
+}
+
 TEST_F(ConfigWriterSteps, HeaderAndLinesAreWrittenOneLevelDeeperEachTime) {
   Open();
   EXPECT_TRUE(parser_.WriteSection(section_));

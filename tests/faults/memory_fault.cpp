@@ -1,0 +1,162 @@
+#include "tests/faults/memory_fault.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::atomic<std::ptrdiff_t> blocks = 0;
+
+struct Plan {
+  bool armed = false;
+  bool struck = false;
+  bool again = false;  // every later allocation fails too
+  std::size_t passing = 0;
+};
+
+thread_local Plan plan;
+
+bool Fails() {
+  if (!plan.armed) return false;
+  if (plan.struck) return plan.again;
+  if (plan.passing-- != 0) return false;
+  plan.struck = true;
+  return true;
+}
+
+/// A block, counted; null when memory is out.
+void* Allocate(std::size_t size) noexcept {
+  void* const block = Fails() ? nullptr : std::malloc(size == 0 ? 1 : size);
+  if (block != nullptr) ++blocks;
+  return block;
+}
+
+void* Allocate(std::size_t size, std::align_val_t alignment) noexcept {
+  const auto bytes = static_cast<std::size_t>(alignment);
+  // aligned_alloc wants a multiple of the alignment.
+  const std::size_t rounded = (size == 0 ? bytes : size + bytes - 1) / bytes * bytes;
+  void* const block = Fails() ? nullptr : std::aligned_alloc(bytes, rounded);
+  if (block != nullptr) ++blocks;
+  return block;
+}
+
+void* OrThrow(void* block) {
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
+
+void Free(void* block) noexcept {
+  if (block != nullptr) --blocks;
+  std::free(block);
+}
+
+}  // namespace
+
+// ---- operator new, each form followed by that for arrays ----
+
+void* operator new(std::size_t size) {
+  return OrThrow(Allocate(size));
+}
+
+void* operator new[](std::size_t size) {
+  return OrThrow(Allocate(size));
+}
+
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return Allocate(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return Allocate(size);
+}
+
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  return OrThrow(Allocate(size, alignment));
+}
+
+void* operator new[](std::size_t size, std::align_val_t alignment) {
+  return OrThrow(Allocate(size, alignment));
+}
+
+void* operator new(std::size_t size, std::align_val_t alignment,
+                   const std::nothrow_t& /*tag*/) noexcept {
+  return Allocate(size, alignment);
+}
+
+void* operator new[](std::size_t size, std::align_val_t alignment,
+                     const std::nothrow_t& /*tag*/) noexcept {
+  return Allocate(size, alignment);
+}
+
+// ---- operator delete ----
+
+void operator delete(void* block) noexcept {
+  Free(block);
+}
+
+void operator delete[](void* block) noexcept {
+  Free(block);
+}
+
+void operator delete(void* block, std::size_t /*size*/) noexcept {
+  Free(block);
+}
+
+void operator delete[](void* block, std::size_t /*size*/) noexcept {
+  Free(block);
+}
+
+void operator delete(void* block, const std::nothrow_t& /*tag*/) noexcept {
+  Free(block);
+}
+
+void operator delete[](void* block, const std::nothrow_t& /*tag*/) noexcept {
+  Free(block);
+}
+
+void operator delete(void* block, std::align_val_t /*alignment*/) noexcept {
+  Free(block);
+}
+
+void operator delete[](void* block, std::align_val_t /*alignment*/) noexcept {
+  Free(block);
+}
+
+void operator delete(void* block, std::size_t /*size*/, std::align_val_t /*alignment*/) noexcept {
+  Free(block);
+}
+
+void operator delete[](void* block, std::size_t /*size*/, std::align_val_t /*alignment*/) noexcept {
+  Free(block);
+}
+
+void operator delete(void* block, std::align_val_t /*alignment*/,
+                     const std::nothrow_t& /*tag*/) noexcept {
+  Free(block);
+}
+
+void operator delete[](void* block, std::align_val_t /*alignment*/,
+                       const std::nothrow_t& /*tag*/) noexcept {
+  Free(block);
+}
+
+namespace klepur::test {
+
+MemoryFault::MemoryFault(std::size_t passing, Shortage shortage) {
+  plan = {true, false, shortage == Shortage::kFromThenOn, passing};
+}
+
+MemoryFault::~MemoryFault() {
+  plan.armed = false;
+}
+
+bool MemoryFault::Struck() const {
+  return plan.struck;
+}
+
+std::ptrdiff_t BlocksInUse() {
+  return blocks;
+}
+
+}  // namespace klepur::test

@@ -1,0 +1,99 @@
+#include <klepur/framework/c_string.h>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace klepur::internal {
+namespace {
+
+using Text = CString<24>;
+
+/// Texts of every length up to well past what has room in the object.
+std::vector<std::string> TextsOfAllLengths() {
+  std::vector<std::string> texts(1);
+  while (texts.size() < 42) {
+    texts.push_back(texts.back() + static_cast<char>('0' + texts.size()));
+  }
+  return texts;
+}
+
+TEST(CStringTest, IsEmptyAtFirst) {
+  EXPECT_STREQ(Text().Get(), "");
+}
+
+TEST(CStringTest, MarkStaysWithItsObject) {
+  for (const std::string& text : TextsOfAllLengths()) {
+    Text marked(text);
+    EXPECT_FALSE(marked.IsMarked());
+    marked.SetMark(true);
+    EXPECT_EQ(marked.Get(), text);
+    const Text copy(marked);
+    EXPECT_FALSE(copy.IsMarked());
+    Text moved(std::move(marked));
+    EXPECT_FALSE(moved.IsMarked());
+    EXPECT_TRUE(marked.IsMarked());  // NOLINT(bugprone-use-after-move)
+    marked = std::move(moved);
+    EXPECT_TRUE(marked.IsMarked());
+    EXPECT_EQ(marked.Get(), text);
+    marked.SetMark(false);
+    EXPECT_FALSE(marked.IsMarked());
+    EXPECT_EQ(marked.Get(), text);
+  }
+}
+
+TEST(CStringTest, KeepsItsOwnCopyOfAText) {
+  for (const std::string& text : TextsOfAllLengths()) {
+    std::string given = text;
+    const Text copy(given.c_str());
+    given.assign(given.size(), '!');
+    EXPECT_EQ(copy.Get(), text);
+  }
+}
+
+TEST(CStringTest, CopyIsIndependent) {
+  for (const std::string& text : TextsOfAllLengths()) {
+    Text original(text.c_str());
+    const Text copy(original);
+    original = Text("other");
+    EXPECT_EQ(copy.Get(), text);
+    EXPECT_STREQ(original.Get(), "other");
+  }
+}
+
+TEST(CStringTest, MovingLeavesAnEmptyText) {
+  for (const std::string& text : TextsOfAllLengths()) {
+    Text first(text.c_str());
+    Text second(std::move(first));
+    EXPECT_EQ(second.Get(), text);
+    EXPECT_STREQ(first.Get(), "") << text;  // NOLINT(bugprone-use-after-move)
+    first = std::move(second);
+    EXPECT_EQ(first.Get(), text);
+    EXPECT_STREQ(second.Get(), "") << text;  // NOLINT(bugprone-use-after-move)
+  }
+}
+
+TEST(CStringTest, AssignmentReplacesATextOfAnyLength) {
+  for (const std::string& before : TextsOfAllLengths()) {
+    for (const std::string& text : TextsOfAllLengths()) {
+      Text replaced(before.c_str());
+      replaced = Text(text.c_str());
+      EXPECT_EQ(replaced.Get(), text) << "in place of '" << before << "'";
+    }
+  }
+}
+
+TEST(CStringTest, AssignmentToItselfChangesNothing) {
+  for (const std::string& text : TextsOfAllLengths()) {
+    Text held(text.c_str());
+    Text& same = held;
+    held = std::move(same);
+    EXPECT_EQ(held.Get(), text);
+  }
+}
+
+}  // namespace
+}  // namespace klepur::internal
