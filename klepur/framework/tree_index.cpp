@@ -233,13 +233,14 @@ void TreeIndex::Build() {
       continue;
     }
     const auto place = next++;
-    if (*place == nullptr || (*place)->parent != known->node) return Drop();
+    TreeNode* const child = *place;
+    if (child == nullptr || child->parent != known->node) return Drop();
     if (known->depth == kDeepest) return Drop();
     // What happens to a node of another tree is counted there.
-    if ((*place)->section.state_ != &state_) return Drop();
+    if (child->section.state_ != &state_) return Drop();
     // A class of a caller's own may answer walks in its own way.
-    if (typeid(**place) != typeid(TreeNode)) return Drop();
-    enter(known, **place, place);
+    if (typeid(*child) != typeid(TreeNode)) return Drop();
+    enter(known, *child, place);
   }
   // A node that is in no child list may enter one without a word.
   if (known_.size() != state_.nodes) return Drop();
