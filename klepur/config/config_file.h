@@ -94,6 +94,7 @@ class ConfigFile {
   /// \return 1 when the file was opened and written; 0 when there is no tree yet, no file was named
   ///         at construction, or the file cannot be opened (it is then left as it was). A short
   ///         write, as on a full disk, is not reported.
+  /// When memory runs out, std::bad_alloc is thrown and the file holds the first part of the text.
   /// Cost: linear in the text written.
   int Save(const std::string& path);
 

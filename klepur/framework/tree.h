@@ -15,7 +15,8 @@
 /// A tree whose nodes each carry one `Section`.
 ///
 /// Used as Tree<CfSection>. Every walk goes over the nodes in file order, and none of them,
-/// deletion included, needs stack in proportion to how deep the blocks are nested.
+/// deletion included, needs stack in proportion to how deep the blocks are nested. Only nodes of
+/// derived classes that stand in each other are traversed by calls in each other.
 template <class Section>
 class Tree {
  public:

@@ -46,7 +46,7 @@ class KLEPUR_EXPORT Dhcpv6LeasesParser : public klepur::BlockParser {
   ///
   /// Once a file was parsed, the same object finds no associations in the next one, except where
   /// they stand inside another block: see klepur::BlockParser about the root section.
-  /// Cost: linear in the file.
+  /// Cost: linear in the file; memory for the records and for the association being read.
   void GetLeases(const char* path, std::list<_Dhcpv6LeaseStore>& leases);
 };
 
