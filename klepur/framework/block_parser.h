@@ -79,7 +79,7 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   ///
   /// Trailing blanks, and before a comment leading ones too, are cut off `text` itself; then the
   /// line buffer is emptied.
-  /// \return what CfSection::AddEntry returned; 0 when no block is current.
+  /// \return 1; 0 when no block is current.
   int AddSectionParameter(std::string& text);
 
   /// Makes the root section once in an object's life. False when no parse has named a holder yet.
@@ -94,7 +94,8 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
   std::FILE* outputFile;                   ///< For parsers that also write; null when none is open.
   std::string lineBuffer;                  ///< The statement being collected.
 
-  /// While it lives, `act` is called with each block when it has ended. It may delete the block.
+  /// While it lives, `act` is called with each block when it has ended, the root section included
+  /// at a "}" too many. It may unlink the block and delete it. One at a time for a parser.
   class AtBlockEnds {
    public:
     using Act = std::function<void(Tree<CfSection>::TreeNode& block)>;

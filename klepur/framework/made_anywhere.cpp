@@ -2,9 +2,17 @@
 #include <klepur/framework/object_memory.h>
 
 namespace klepur::internal {
+namespace {
+
+/// A block of such a size stands at a multiple of kStep, whatever allocator it comes from.
+std::size_t RoundedUp(std::size_t size) {
+  return (size + MadeAnywhere::kStep - 1) / MadeAnywhere::kStep * MadeAnywhere::kStep;
+}
+
+}  // namespace
 
 void* MadeAnywhere::operator new(std::size_t size) {
-  return ::operator new(size);
+  return ::operator new(RoundedUp(size));
 }
 
 void* MadeAnywhere::operator new(std::size_t size, std::align_val_t alignment) {
@@ -12,7 +20,12 @@ void* MadeAnywhere::operator new(std::size_t size, std::align_val_t alignment) {
 }
 
 void* MadeAnywhere::operator new(std::size_t size, const std::nothrow_t& tag) noexcept {
-  return ::operator new(size, tag);
+  return ::operator new(RoundedUp(size), tag);
+}
+
+void* MadeAnywhere::operator new(std::size_t size, std::align_val_t alignment,
+                                 const std::nothrow_t& tag) noexcept {
+  return ::operator new(size, alignment, tag);
 }
 
 void MadeAnywhere::operator delete(void* place) noexcept {
@@ -25,6 +38,11 @@ void MadeAnywhere::operator delete(void* place, std::align_val_t alignment) noex
 
 void MadeAnywhere::operator delete(void* place, const std::nothrow_t& tag) noexcept {
   ::operator delete(place, tag);
+}
+
+void MadeAnywhere::operator delete(void* place, std::align_val_t alignment,
+                                   const std::nothrow_t& tag) noexcept {
+  ::operator delete(place, alignment, tag);
 }
 
 }  // namespace klepur::internal

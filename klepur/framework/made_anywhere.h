@@ -10,16 +10,23 @@
 namespace klepur::internal {
 
 /// A base of classes whose objects are deleted in the same way whether new or ObjectMemory made
-/// them. Every form of new takes the memory that it takes for any other class.
+/// them: with delete, not with ::delete. Of the forms of new, those of the standard are here.
 struct KLEPUR_EXPORT MadeAnywhere {
+  /// What new gives stands at a multiple of this.
+  static constexpr std::size_t kStep = 16;
+
   static void* operator new(std::size_t size);
   static void* operator new(std::size_t size, std::align_val_t alignment);
   static void* operator new(std::size_t size, const std::nothrow_t& tag) noexcept;
+  static void* operator new(std::size_t size, std::align_val_t alignment,
+                            const std::nothrow_t& tag) noexcept;
   static void* operator new(std::size_t /*size*/, void* place) noexcept { return place; }
 
   static void operator delete(void* place) noexcept;
   static void operator delete(void* place, std::align_val_t alignment) noexcept;
   static void operator delete(void* place, const std::nothrow_t& tag) noexcept;
+  static void operator delete(void* place, std::align_val_t alignment,
+                              const std::nothrow_t& tag) noexcept;
   static void operator delete(void* /*object*/, void* /*place*/) noexcept {}
 };
 

@@ -12,10 +12,10 @@ namespace klepur::internal {
 struct Chunk;
 
 /// Makes objects one behind the other in chunks of memory, which takes a third of the time of
-/// making each in a block of its own, and less memory.
+/// making each in a block of its own.
 ///
-/// Each object may live as long as it likes, on any thread, and is freed by itself, with Free. A
-/// chunk is freed with the last object in it, and no sooner than this.
+/// The memory of an object may be freed at any time and on any thread, with Free. A chunk is freed
+/// with the last object in it; the one in which objects are made lives as long as this.
 class ObjectMemory {
  public:
   ObjectMemory() noexcept = default;
@@ -25,7 +25,7 @@ class ObjectMemory {
   /// The objects live on.
   ~ObjectMemory();
 
-  /// Makes an object of a class derived from MadeAnywhere, or of one that calls Free likewise.
+  /// Makes an object of a class derived from MadeAnywhere.
   template <class Object, class... Arguments>
   std::unique_ptr<Object> Make(Arguments&&... arguments) {
     static_assert(alignof(Object) <= kAlignment);
@@ -45,11 +45,15 @@ class ObjectMemory {
   static constexpr std::size_t kAlignment = alignof(void*);
 
   void* Take(std::size_t size);
+  void BeginSegment();
+  void BeginChunk();
   void LeaveChunk() noexcept;
 
-  Chunk* chunk_ = nullptr;  // the one in which objects are made
-  std::size_t used_ = 0;    // of its bytes
-  std::size_t made_ = 0;    // how many objects
+  Chunk* chunk_ = nullptr;      // the one in which objects are made
+  std::size_t made_ = 0;        // how many in it
+  char* next_ = nullptr;        // where the next one stands
+  char* segmentEnd_ = nullptr;  // if it has room before this
+  char* chunkEnd_ = nullptr;
 };
 
 }  // namespace klepur::internal

@@ -82,7 +82,6 @@ class TreeIndex {
   bool IsReady();
   bool IsWhole() const;
   void Build();
-  void MarkWhole();
   template <class Change>
   void KeepWhole(Change change) noexcept;
 
