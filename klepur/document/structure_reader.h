@@ -1,0 +1,65 @@
+// Internal: reads a text into nodes.
+#ifndef KLEPUR_DOCUMENT_STRUCTURE_READER_H
+#define KLEPUR_DOCUMENT_STRUCTURE_READER_H
+
+#include <cstdint>
+#include <string_view>
+
+#include <klepur/document/syntax_tree.h>
+
+namespace klepur::internal {
+
+/// Reads statements, blocks and comments, whatever they say. Nothing is refused: what is malformed is
+/// marked in its node, and reading goes on behind it.
+///
+/// A statement ends at its ";", a block's header at its "{", a label in a switch at its ":", a comment
+/// at the end of its line. Strings and comments hide all of these, and so do braces that are the value
+/// of an option definition ("= { ... }", "array of { ... }").
+///
+/// Where the ";" is missing, a statement ends before the "}" of its block, or before a line that begins
+/// with a word that begins statements, provided that what was read so far could be whole. Where the "}"
+/// is missing, a block reaches to the end of the text. A quote that nothing closes, or that is closed
+/// on another line by one that a word follows, is an ordinary byte.
+///
+/// kPadding bytes behind the text must be readable. Cost: linear in the text, whatever it holds.
+class StructureReader {
+ public:
+  /// `base` is the address of the text's first byte.
+  StructureReader(SyntaxTree& tree, std::string_view text, Address base);
+
+  /// Appends the nodes of the text. Those at the top have this parent and each other as siblings, and
+  /// are linked to nothing else.
+  void Read(NodeId parent);
+
+ private:
+  void Close(NodeId top);
+  void ReadComment();
+  void ReadStatement();
+  bool ReadLabel();
+  bool StatementFollows(const char* line_end) const;
+  const char* BehindString(const char* quote, bool& open);
+  NodeId Add(NodeKind kind, const char* begin, const char* end);
+  void AddStatement(const char* start, const char* end, bool unfinished, bool open_quote);
+  void AddUnfinished(const char* start, const char* limit, bool open_quote);
+  void OpenBlock(const char* start, const char* brace, bool open_quote);
+  void CloseOpenBlocks(NodeId top);
+  std::uint8_t WordAt(const char* start);
+  Address AddressOf(const char* place) const {
+    return base_ + static_cast<Address>(place - begin_);
+  }
+
+  SyntaxTree& tree_;
+  const char* const begin_;
+  const char* const end_;
+  const Address base_;
+  const char* next_;
+  NodeId parent_ = kNoNode;
+  NodeId previous_ = kNoNode;
+  bool quotes_pair_ = true;
+  std::string_view last_word_;
+  std::uint8_t last_word_number_ = 0;
+};
+
+}  // namespace klepur::internal
+
+#endif

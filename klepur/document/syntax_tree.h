@@ -1,0 +1,85 @@
+// Internal: the nodes of a document and how they hang together; every change can be taken back.
+#ifndef KLEPUR_DOCUMENT_SYNTAX_TREE_H
+#define KLEPUR_DOCUMENT_SYNTAX_TREE_H
+
+#include <cstddef>
+#include <unordered_map>
+#include <vector>
+
+#include <klepur/document/syntax_node.h>
+#include <klepur/text/large_array.h>
+
+namespace klepur::internal {
+
+class SyntaxTree {
+ public:
+  /// A state to return to.
+  struct Mark {
+    std::size_t log = 0;
+    NodeId count = 0;
+  };
+
+  SyntaxTree();
+
+  const SyntaxNode& operator[](NodeId id) const { return nodes_[id]; }
+  NodeId Count() const { return static_cast<NodeId>(nodes_.size()); }
+
+  NodeId FirstChild(NodeId id) const;
+  /// Cost: the number of children.
+  NodeId LastChild(NodeId id) const;
+  /// The node after this one in the order of the text, children first; `top` bounds the walk.
+  NodeId NextInOrder(NodeId id, NodeId top) const;
+  /// The same, passing over what is below.
+  NodeId NextBehind(NodeId id, NodeId top) const;
+  bool IsGone(NodeId id) const;
+  bool IsBelow(NodeId id, NodeId ancestor) const;
+
+  /// For the reader: a new node at the end, linked by itself.
+  NodeId Append(const SyntaxNode& node);
+  SyntaxNode& Made(NodeId id) { return nodes_[id]; }
+  /// How far behind a block's first byte its "{" stands. Setting it is for new nodes.
+  void SetBrace(NodeId id, Address distance);
+  Address BraceOf(NodeId id) const;
+
+  /// A node to be changed, as it is now remembered.
+  SyntaxNode& Change(NodeId id);
+  /// Hangs a node that hangs nowhere below a parent, behind a child of it or, given none, as its first.
+  void Link(NodeId id, NodeId parent, NodeId previous);
+  /// Takes a node, and what is below it, out of its parent's children.
+  void Unlink(NodeId id);
+  void MarkGone(NodeId id) { Change(id).gone = 1; }
+  /// Hangs the nodes from `first` to its last sibling below `parent` as all of its children.
+  void SetChildren(NodeId parent, NodeId first);
+  /// LastChild with the answer kept, for editors.
+  NodeId KnownLastChild(NodeId id);
+
+  Mark GetMark() const { return {log_.size(), Count()}; }
+  void RollBack(Mark mark) noexcept;
+
+  /// The nodes whose text or state changed, for who keeps books of them: one entry a change of a subtree.
+  void Note(NodeId id) { noted_.push_back(id); }
+  const std::vector<NodeId>& Noted() const { return noted_; }
+  /// Another number when changes may have gone unnoted.
+  std::size_t Generation() const { return generation_; }
+
+ private:
+  struct Was {
+    NodeId id;
+    NodeId head;
+    SyntaxNode node;
+  };
+  void SetHead(NodeId parent, NodeId head);
+  NodeId HeadOf(NodeId parent) const;
+
+  LargeArray<SyntaxNode> nodes_;
+  std::unordered_map<NodeId, NodeId> heads_;  // of the nodes with own_head
+  std::unordered_map<NodeId, NodeId> tails_;
+  std::unordered_map<Address, Address> far_braces_;  // by the block's first byte
+  std::vector<Was> log_;
+  std::vector<NodeId> noted_;
+  std::size_t generation_ = 0;
+};
+
+}  // namespace klepur::internal
+
+#endif

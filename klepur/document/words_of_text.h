@@ -1,0 +1,38 @@
+// Internal: the words of a statement or a header.
+#ifndef KLEPUR_DOCUMENT_WORDS_OF_TEXT_H
+#define KLEPUR_DOCUMENT_WORDS_OF_TEXT_H
+
+#include <string_view>
+
+namespace klepur::internal {
+
+/// Walks over the words of one statement's or header's text, over blanks and comments between them. A
+/// word is a string with its quotes, a run of word bytes and of the bytes ". : /" that join them, or any
+/// other byte by itself. A quote that is not closed within the text is such a byte.
+class WordsOfText {
+ public:
+  explicit WordsOfText(std::string_view text) : text_(text) {}
+
+  /// The next word; empty at the end.
+  std::string_view Next();
+  /// Where the next word would be looked for: right behind the last one.
+  std::string_view Rest() const { return text_.substr(at_); }
+
+ private:
+  std::size_t BehindBlanks(std::size_t at) const;
+  std::size_t BehindWord(std::size_t at) const;
+
+  std::string_view text_;
+  std::size_t at_ = 0;
+};
+
+/// The first word.
+std::string_view FirstWord(std::string_view text);
+/// The text up to and with its last word, without blanks and comments behind it.
+std::string_view UpToLastWord(std::string_view text);
+/// Where the string ends that begins at a place, one past its closing quote; npos if it does not.
+std::size_t StringEnd(std::string_view text, std::size_t quote);
+
+}  // namespace klepur::internal
+
+#endif

@@ -1,0 +1,7 @@
+#include <klepur/text/error.h>
+
+namespace klepur {
+
+Error::~Error() = default;
+
+}  // namespace klepur

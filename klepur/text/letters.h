@@ -1,0 +1,37 @@
+// Internal: letters and word bytes, as the DHCP server counts them, whatever the locale.
+#ifndef KLEPUR_TEXT_LETTERS_H
+#define KLEPUR_TEXT_LETTERS_H
+
+#include <cstddef>
+#include <string_view>
+
+namespace klepur::internal {
+
+constexpr bool IsLetter(char byte) {
+  return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+}
+
+constexpr bool IsDigit(char byte) {
+  return byte >= '0' && byte <= '9';
+}
+
+/// A byte that a keyword or a number is made of; every other one ends it.
+constexpr bool IsWordByte(char byte) {
+  return IsLetter(byte) || IsDigit(byte) || byte == '-' || byte == '_';
+}
+
+constexpr char ToSmallLetter(char byte) {
+  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+constexpr bool EqualButForCase(std::string_view left, std::string_view right) {
+  if (left.size() != right.size()) return false;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    if (ToSmallLetter(left[i]) != ToSmallLetter(right[i])) return false;
+  }
+  return true;
+}
+
+}  // namespace klepur::internal
+
+#endif

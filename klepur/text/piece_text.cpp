@@ -1,0 +1,157 @@
+#include <klepur/text/piece_text.h>
+
+#include <iterator>
+#include <limits>
+
+#include <klepur/text/error.h>
+
+namespace klepur::internal {
+
+PieceText::PieceText(std::string_view base) : base_(base) {
+  pieces_.push_back({0, 0, kHead, kTail});
+  pieces_.push_back({0, 0, kHead, kTail});
+  if (!base_.empty()) {
+    const PieceId whole = NewPiece(0, BaseSize());
+    Link(kHead, whole);
+    Link(whole, kTail);
+  }
+}
+
+Span PieceText::Append(std::string_view bytes) {
+  if (bytes.size() > std::numeric_limits<Address>::max() - NextAddress()) {
+    throw Error(ErrorCode::kTooLarge, "the document and what was added to it reach 4 GiB");
+  }
+  const Address begin = NextAddress();
+  added_.append(bytes);
+  return {begin, NextAddress()};
+}
+
+PieceText::Edge PieceText::Behind(Address end) const {
+  const PieceId piece = PieceOf(end - 1);
+  return end < pieces_[piece].end ? Edge{piece, end} : BeginOf(pieces_[piece].next);
+}
+
+bool PieceText::Back(Edge& edge) const {
+  if (edge.piece != kTail && edge.address > pieces_[edge.piece].begin) {
+    --edge.address;
+    return true;
+  }
+  const PieceId piece = pieces_[edge.piece].previous;
+  if (piece == kHead) return false;
+  edge = {piece, pieces_[piece].end - 1};
+  return true;
+}
+
+bool PieceText::Forward(Edge& edge) const {
+  if (edge.piece == kTail) return false;
+  ++edge.address;
+  if (edge.address == pieces_[edge.piece].end) edge = BeginOf(pieces_[edge.piece].next);
+  return true;
+}
+
+std::string PieceText::Read(Edge from, Edge to) const {
+  std::string text;
+  for (const Span& span : SpansOf(from, to)) text.append(View(span));
+  return text;
+}
+
+std::vector<Span> PieceText::SpansOf(Edge from, Edge to) const {
+  std::vector<Span> spans;
+  for (PieceId id = from.piece; id != kTail; id = pieces_[id].next) {
+    const Address begin = id == from.piece ? from.address : pieces_[id].begin;
+    const Address end = id == to.piece ? to.address : pieces_[id].end;
+    if (begin != end) spans.push_back({begin, end});
+    if (id == to.piece) break;
+  }
+  return spans;
+}
+
+std::size_t PieceText::Size() const {
+  std::size_t size = 0;
+  ForEachPiece([&](PieceId, Span span) { size += span.end - span.begin; });
+  return size;
+}
+
+PieceText::Change PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
+  std::vector<PieceId> added;
+  for (const Span& span : spans) AppendPiecesOf(span, added);
+  const bool empty = from == to;
+  const PieceId right = BorderBefore(to);
+  const PieceId first = empty ? right : BorderBefore(from);
+  // Nothing can fail from here on.
+  Change change = {right, first, pieces_[right].previous, kTail};
+  PieceId last = pieces_[first].previous;
+  if (empty) change.old_first = change.old_last = kTail;
+  for (const PieceId piece : added) {
+    at_.find(pieces_[piece].begin)->second = piece;
+    Link(last, piece);
+    last = piece;
+  }
+  Link(last, right);
+  if (!added.empty()) change.new_first = added.front();
+  return change;
+}
+
+void PieceText::TakeBack(const Change& change) noexcept {
+  // A piece that was split since keeps its beginning, so the one on the left is asked for, not remembered.
+  const PieceId after = change.new_first == kTail ? change.right : change.new_first;
+  const PieceId left = pieces_[after].previous;
+  if (change.old_first == kTail) {
+    Link(left, change.right);
+    return;
+  }
+  Link(left, change.old_first);
+  Link(change.old_last, change.right);
+  for (PieceId id = change.old_first;; id = pieces_[id].next) {
+    at_.find(pieces_[id].begin)->second = id;
+    if (id == change.old_last) return;
+  }
+}
+
+bool PieceText::IsChanged() const {
+  Address expected = 0;
+  for (PieceId id = pieces_[kHead].next; id != kTail; id = pieces_[id].next) {
+    if (pieces_[id].begin != expected) return true;
+    expected = pieces_[id].end;
+  }
+  return expected != BaseSize();
+}
+
+PieceText::PieceId PieceText::PieceOf(Address byte) const {
+  return std::prev(at_.upper_bound(byte))->second;
+}
+
+PieceText::PieceId PieceText::NewPiece(Address begin, Address end) {
+  pieces_.push_back({begin, end, kHead, kTail});
+  const auto id = static_cast<PieceId>(pieces_.size() - 1);
+  at_.emplace(begin, id);  // one that stands in the text keeps the place until it is replaced
+  return id;
+}
+
+PieceText::PieceId PieceText::Split(PieceId piece, Address at) {
+  const PieceId rest = NewPiece(at, pieces_[piece].end);
+  at_.find(at)->second = rest;
+  Link(rest, pieces_[piece].next);
+  Link(piece, rest);
+  pieces_[piece].end = at;
+  return rest;
+}
+
+PieceText::PieceId PieceText::BorderBefore(Edge edge) {
+  if (edge.piece == kTail || edge.address == pieces_[edge.piece].begin) return edge.piece;
+  return Split(edge.piece, edge.address);
+}
+
+void PieceText::AppendPiecesOf(Span span, std::vector<PieceId>& ids) {
+  if (span.begin == span.end) return;
+  Address begin = span.begin;
+  for (auto border = at_.upper_bound(begin); border != at_.end() && border->first < span.end;) {
+    const Address at = border->first;
+    ++border;
+    ids.push_back(NewPiece(begin, at));
+    begin = at;
+  }
+  ids.push_back(NewPiece(begin, span.end));
+}
+
+}  // namespace klepur::internal

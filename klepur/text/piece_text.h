@@ -1,0 +1,121 @@
+// Internal: a text under edit. What was read never changes and what is added is only appended, each byte
+// under an address of its own for good; the text is a chain of pieces of the two.
+#ifndef KLEPUR_TEXT_PIECE_TEXT_H
+#define KLEPUR_TEXT_PIECE_TEXT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace klepur::internal {
+
+/// Names a byte: those that were read come first, then those added, in the order of their coming.
+using Address = std::uint32_t;
+
+/// Bytes that stand side by side in memory.
+struct Span {
+  Address begin = 0;
+  Address end = 0;
+};
+
+class PieceText {
+ public:
+  using PieceId = std::uint32_t;
+
+  /// A border between two bytes of the text: the byte behind it, and its piece. Good until the text
+  /// changes.
+  struct Edge {
+    PieceId piece;
+    Address address;
+    friend bool operator==(const Edge&, const Edge&) = default;
+  };
+
+  /// What a replacement did, so that it can be taken back.
+  struct Change {
+    PieceId right;
+    PieceId old_first;
+    PieceId old_last;
+    PieceId new_first;
+  };
+
+  explicit PieceText(std::string_view base);
+
+  const char* Bytes(Address address) const {
+    return address < base_.size() ? base_.data() + address : added_.data() + (address - base_.size());
+  }
+  std::string_view View(Span span) const { return {Bytes(span.begin), span.end - span.begin}; }
+  Address BaseSize() const { return static_cast<Address>(base_.size()); }
+  /// The address that the next appended byte gets.
+  Address NextAddress() const { return static_cast<Address>(base_.size() + added_.size()); }
+
+  /// Keeps bytes for use in the text, without putting them there. Throws Error when the addresses of
+  /// 32 bits are used up.
+  Span Append(std::string_view bytes);
+
+  Edge Start() const { return BeginOf(pieces_[kHead].next); }
+  Edge End() const { return {kTail, 0}; }
+  /// The border before a byte, or behind the byte before `end`, that stand in the text.
+  Edge Before(Address byte) const { return {PieceOf(byte), byte}; }
+  Edge Behind(Address end) const;
+  bool IsEnd(Edge edge) const { return edge.piece == kTail; }
+
+  /// The byte behind an edge that is not the end, or before one that is not the start.
+  char ByteAt(Edge edge) const { return *Bytes(edge.address); }
+  bool Back(Edge& edge) const;     ///< One byte towards the start; false at the start.
+  bool Forward(Edge& edge) const;  ///< One byte towards the end; false at the end.
+
+  std::string Read(Edge from, Edge to) const;
+  std::vector<Span> SpansOf(Edge from, Edge to) const;
+  std::string All() const { return Read(Start(), End()); }
+  std::size_t Size() const;
+  template <class Use>
+  void ForEachPiece(const Use& use) const {
+    for (PieceId id = pieces_[kHead].next; id != kTail; id = pieces_[id].next) {
+      use(id, Span{pieces_[id].begin, pieces_[id].end});
+    }
+  }
+
+  /// Puts spans, none of whose bytes stands in the text elsewhere, in the place of what stands
+  /// between the edges. Other edges are good no more.
+  Change Replace(Edge from, Edge to, const std::vector<Span>& spans);
+  /// Takes back the last change that was not taken back yet. Does not fail.
+  void TakeBack(const Change& change) noexcept;
+
+  PieceId PieceOf(Address byte) const;
+  bool IsChanged() const;
+
+ private:
+  struct Piece {
+    Address begin;
+    Address end;
+    PieceId previous;
+    PieceId next;
+  };
+  static constexpr PieceId kHead = 0;
+  static constexpr PieceId kTail = 1;
+
+  Edge BeginOf(PieceId piece) const { return {piece, pieces_[piece].begin}; }
+  PieceId NewPiece(Address begin, Address end);
+  PieceId Split(PieceId piece, Address at);
+  PieceId BorderBefore(Edge edge);
+  void Link(PieceId left, PieceId right) {
+    pieces_[left].next = right;
+    pieces_[right].previous = left;
+  }
+  void AppendPiecesOf(Span span, std::vector<PieceId>& ids);
+
+  std::string base_;
+  std::string added_;
+  std::vector<Piece> pieces_;
+  // The piece that begins at an address; where several did, the one that stands in the text or did last.
+  // No borders between pieces are ever forgotten, so the last one at or before a byte of the text is that
+  // of its piece.
+  std::map<Address, PieceId> at_;
+};
+
+}  // namespace klepur::internal
+
+#endif
