@@ -1,6 +1,13 @@
 #include "tests/faults/memory_fault.h"
 
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <sys/types.h>
+#include <unistd.h>
+
 #include <atomic>
+#include <cerrno>
+#include <cstdarg>
 #include <cstdlib>
 #include <new>
 
@@ -44,6 +51,16 @@ void* Allocate(std::size_t size, std::align_val_t alignment) noexcept {
 void* OrThrow(void* block) {
   if (block == nullptr) throw std::bad_alloc();
   return block;
+}
+
+/// Pages, which are not counted: they need not be given back as they were got.
+void* Pages(long answer) {
+  return reinterpret_cast<void*>(answer);
+}
+
+void* NoPages() {
+  errno = ENOMEM;
+  return MAP_FAILED;
 }
 
 void Free(void* block) noexcept {
@@ -140,6 +157,27 @@ void operator delete[](void* block, std::align_val_t /*alignment*/,
                        const std::nothrow_t& /*tag*/) noexcept {
   Free(block);
 }
+
+// ---- pages ----
+
+extern "C" {
+
+void* mmap(void* place, std::size_t size, int protection, int flags, int descriptor,
+           off_t offset) noexcept {
+  if (Fails()) return NoPages();
+  return Pages(syscall(SYS_mmap, place, size, protection, flags, descriptor, offset));
+}
+
+void* mremap(void* place, std::size_t size, std::size_t newSize, int flags, ...) noexcept {
+  if (Fails()) return NoPages();
+  va_list arguments;
+  va_start(arguments, flags);
+  void* const newPlace = (flags & MREMAP_FIXED) != 0 ? va_arg(arguments, void*) : nullptr;
+  va_end(arguments);
+  return Pages(syscall(SYS_mremap, place, size, newSize, flags, newPlace));
+}
+
+}  // extern "C"
 
 namespace klepur::test {
 
