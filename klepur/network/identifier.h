@@ -38,7 +38,8 @@ class KLEPUR_EXPORT Identifier : public Ordered<Identifier> {
   ///               which a backslash begins \n \t \r \b, \ooo (three octal digits, the first one 0
   ///               to 3), \xhh, and stands for whatever else follows it: "\"CLIENT\\x2dFOO\"".
   /// \return nothing for any other text: CLIENT-FOO without quotes, two texts, 1:2:"a", escapes
-  ///         that are not complete, and negative numbers, which dhcpd lets pass.
+  ///         that are not complete, and two that dhcpd lets pass: expressions (= "a") and negative
+  ///         numbers.
   static std::optional<Identifier> Parse(std::string_view value);
 
   /// The identifier that somebody typed: as Parse, and also as other programs write hexadecimal:
