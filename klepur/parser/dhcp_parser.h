@@ -57,7 +57,7 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   /// \return 0.
   int WriteSectionEnd(CfSection& section);
 
-  /// Writes a text to the open file.
+  /// Writes a text to the open file, behind all that was written before.
   /// \return how many bytes were written; 0 when no file is open or `text` is null.
   std::size_t WriteBuff(const char* text);
 
@@ -66,6 +66,7 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   unsigned int leftmostDepth;  ///< Grows with every write, see FileWriter.
 
  private:
+  void WriteWhenLong() noexcept;
   void WriteCollected() noexcept;
   void FinishFile() noexcept;
 
