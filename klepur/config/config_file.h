@@ -58,8 +58,8 @@ class ConfigFile {
   ConfigFile();
 
   /// The configuration file at the path `fileName`: "/etc/dhcp/dhcpd.conf". It is not read yet. A
-  /// null or empty name is none.
-  explicit ConfigFile(const char* fileName);
+  /// null or empty name is none. A path converts to its file: DhcpConfigFile file = path.
+  ConfigFile(const char* fileName);  // NOLINT(google-explicit-constructor): callers convert paths
 
   ConfigFile(const ConfigFile&) = delete;
   ConfigFile& operator=(const ConfigFile&) = delete;

@@ -205,6 +205,11 @@ TYPED_TEST(Construction, NameIsKeptAndTheFileIsNotRead) {
   this->ExpectNothingRead(file);
 }
 
+TYPED_TEST(Construction, PathConvertsToItsFile) {
+  const typename TestFixture::Base file = "/nowhere/dhcpd.conf";
+  EXPECT_EQ(file.GetConfFileName(), "/nowhere/dhcpd.conf");
+}
+
 TYPED_TEST(Construction, NameOfAMissingFileIsKept) {
   const typename TestFixture::File file("/nowhere/dhcpd.conf");
   EXPECT_EQ(file.GetConfFileName(), "/nowhere/dhcpd.conf");
