@@ -49,7 +49,8 @@ template <class Vocabulary>
 class ConfigFile {
  public:
   using Section = SectionRecord<Vocabulary>;
-  using SectionType = SectionTypes::SectionType;
+  using SectionType = typename Section::SectionType;
+  using SectionParam = typename Section::SectionParam;
   using TreeNode = Tree<CfSection>::TreeNode;
 
   // ---- Lifecycle ----

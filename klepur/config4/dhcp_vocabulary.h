@@ -12,7 +12,7 @@ namespace klepur {
 /// the file has double quotes around it and the record has not; a text that holds blanks is not
 /// read whole: only its last word, less one character at each end, is.
 struct DhcpVocabulary {
-  using DhcpSectionType = SectionTypes::SectionType;
+  using DhcpSectionType = SectionTypes<DhcpVocabulary>::SectionType;
 
   enum DhcpParamType : int {
     PARAM_RAW = -1,                 ///< any line, whole; only when raw reading is asked for

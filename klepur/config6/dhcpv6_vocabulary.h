@@ -12,7 +12,7 @@ namespace klepur {
 /// the file has double quotes around it and the record has not; a text that holds blanks is not
 /// read whole: only its last word, less one character at each end, is.
 struct Dhcpv6Vocabulary {
-  using Dhcpv6SectionType = SectionTypes::SectionType;
+  using Dhcpv6SectionType = SectionTypes<Dhcpv6Vocabulary>::SectionType;
 
   enum Dhcpv6ParamType : int {
     PARAM6_RAW = -1,  ///< any line, whole; only when raw reading is asked for

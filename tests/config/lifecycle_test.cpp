@@ -460,7 +460,7 @@ TYPED_TEST(Opening, AgainDiscardsEditsAndCursors) {
 TYPED_TEST(Opening, FileIsReadBehindWhatWasAddedBeforeItAndTheCursorsAreCleared) {
   this->Unopened("host b {\n}\n");
   EXPECT_EQ(this->Conf().AddNetwork(
-                this->Record(SectionTypes::SECTION_SHARED_NETWORK,
+                this->Record(SECTION_SHARED_NETWORK,
                              {{TypeParam::kName, "office"}, {TypeParam::kMaxLeaseTime, "60"}})),
             1);
   ASSERT_EQ(this->Cursors(), "shared-network office / null");
@@ -473,10 +473,10 @@ TYPED_TEST(Opening, FileIsReadBehindWhatWasAddedBeforeItAndTheCursorsAreCleared)
 TYPED_TEST(Opening, SubnetCursorOnWhatWasAddedBeforeTheFileIsCleared) {
   this->Unopened("host b {\n}\n");
   EXPECT_TRUE(this->Conf().AddTreeSection(
-      this->Record(SectionTypes::SECTION_SUBNET,
+      this->Record(SECTION_SUBNET,
                    {{TypeParam::kName, "@header1"}, {TypeParam::kMaxLeaseTime, "log one;"}}),
       nullptr));
-  ASSERT_TRUE(this->Conf().GotoSection(this->Text("@bare1").c_str(), SectionTypes::SECTION_SUBNET));
+  ASSERT_TRUE(this->Conf().GotoSection(this->Text("@bare1").c_str(), SECTION_SUBNET));
   ASSERT_EQ(this->Cursors(), this->Text("null / @header1"));
   EXPECT_TRUE(this->Open());
   EXPECT_EQ(this->Cursors(), "null / null");

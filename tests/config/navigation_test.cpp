@@ -12,14 +12,13 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
 using ::testing::Each;
 using ::testing::Ne;
 
-constexpr auto kFive = static_cast<SectionTypes::SectionType>(5);
-constexpr auto kMinusOne = static_cast<SectionTypes::SectionType>(-1);
-constexpr auto kGreatest = static_cast<SectionTypes::SectionType>(INT_MAX);
-constexpr auto kSmallest = static_cast<SectionTypes::SectionType>(INT_MIN);
+constexpr EitherKind kFive = {5};
+constexpr EitherKind kMinusOne = {-1};
+constexpr EitherKind kGreatest = {INT_MAX};
+constexpr EitherKind kSmallest = {INT_MIN};
 
 constexpr std::string_view kTwoSubnetsAndAHost = R"(@header1 {
   host a {
@@ -407,7 +406,7 @@ TYPED_TEST(FirstSection, HostAndIfMissInABlockWithoutBlocks) {
 TYPED_TEST(FirstSection, HostIsWhateverHoldsTheWordInItsHeader) {
   struct Case {
     const char* header;
-    SectionTypes::SectionType type;
+    EitherKind type;
     const char* expected;
   };
   const Case cases[] = {

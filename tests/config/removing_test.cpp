@@ -11,11 +11,10 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
 using ::testing::Each;
 
-constexpr SectionTypes::SectionType kEveryKind[] = {SECTION_SHARED_NETWORK, SECTION_SUBNET,
-                                                    SECTION_HOST, SECTION_IF};
+constexpr EitherKind kEveryKind[] = {SECTION_SHARED_NETWORK, SECTION_SUBNET, SECTION_HOST,
+                                     SECTION_IF};
 
 /// Lends a node a wrong parent and gives it its own back, so that the tree can be deleted.
 class WrongParent {

@@ -9,8 +9,6 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
 class DhcpEditing : public EditFixture<V4> {
  protected:
   using S = Section;

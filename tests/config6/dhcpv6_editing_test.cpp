@@ -9,8 +9,6 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
 class Dhcpv6Editing : public EditFixture<V6> {
  protected:
   using S = Section;

@@ -23,10 +23,10 @@ class Dhcpv6VocabularyTest : public ConfigFixture<V6> {
   }
 
   /// The tree form of a record, see RecordText; "failed" when there is none.
-  std::string Written(int kind, std::initializer_list<SectionParam> params) {
+  std::string Written(int kind, std::initializer_list<Dhcpv6Section::SectionParam> params) {
     Dhcpv6Section in;
     Dhcpv6Section out;
-    in.type = static_cast<SectionTypes::SectionType>(kind);
+    in.type = EitherKind{kind};
     in.params = params;
     return conf_.DhcpToTree(in, out) ? RecordText(out) : "failed";
   }
