@@ -9,8 +9,8 @@
 
 namespace klepur {
 
-/// The kinds of blocks. The numbers are fixed, and the same for both families: they may be stored and
-/// compared as integers. Each vocabulary has an enumeration of its own.
+/// The kinds of blocks. The numbers are fixed: they may be stored and compared as integers. Each
+/// vocabulary has an enumeration of its own, with the same numbers.
 template <class Vocabulary>
 struct SectionTypes {
   enum SectionType : int {
@@ -44,6 +44,7 @@ struct SectionRecord : SectionTypes<Vocabulary>, Vocabulary {
   /// The vocabulary's keywords are looked for one after the other, in a fixed order, anywhere in
   /// the line and with regard to letter case; the first one found decides. So a comment or a quoted
   /// text that holds a keyword counts as that statement: "not authoritative;" is "authoritative".
+  /// "IPLine" and "Special" count only in a line that holds a ";".
   ///
   /// \param line  a whole line with its ";": "option routers 10.0.0.1;".
   /// \return the parameter type, or -1 for a line that holds no keyword.

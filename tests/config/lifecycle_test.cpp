@@ -564,8 +564,11 @@ TYPED_TEST(ReadingAlone, WithoutANameFailsAndDoesNotCount) {
 
 TYPED_TEST(ReadingAlone, MissingFileFailsAndCounts) {
   this->At("/nowhere/dhcpd.conf");
+  ClearSystemLog();
   EXPECT_FALSE(this->Conf().ReadDhcpConfigFile());
   EXPECT_EQ(this->Conf().isRead, 1);
+  EXPECT_THAT(SystemLog(),
+              ElementsAre("syslog LOG_WARNING File /nowhere/dhcpd.conf doesn't exist!"));
 }
 
 TYPED_TEST(ReadingAlone, TwicePutsTheSecondContentBesideTheRootSection) {
@@ -850,6 +853,19 @@ TYPED_TEST(TreeLookup, HostIsFoundAnywhereBelowTheRootOrInTheSubtreeOnly) {
   EXPECT_EQ(this->Find("host pc-17", this->Below({0})), pc17);
   EXPECT_EQ(this->Find("host pc-17", this->Below({0, 0})), pc17);
   EXPECT_EQ(this->Find("host pc-17", this->Below({1})), nullptr);
+}
+
+TYPED_TEST(TreeLookup, WhatFindIfFindsWithEachPredicateIsFound) {
+  this->Given(kOffice);
+  for (const auto predicate : {Condition1, Condition2, compare}) {
+    for (const char* header : {"host a", "host nested", "@header3", "host missing", "Host a"}) {
+      CfSection probe;
+      probe.SetName(this->Text(header).c_str());
+      for (TreeNode* const start : {this->Below({}), this->Below({0}), this->Below({0, 0, 0})}) {
+        EXPECT_EQ(this->Find(header, start), start->FindIf(probe, predicate)) << header;
+      }
+    }
+  }
 }
 
 TYPED_TEST(TreeLookup, StartItselfIsFound) {

@@ -595,6 +595,13 @@ TYPED_TEST(RemovingSubnets, OnlyBlockOfANetworkLeavesTheNetworkCurrent) {
   EXPECT_TRUE(this->Conf().currentNetwork->children->empty());
 }
 
+TYPED_TEST(RemovingSubnets, BlockOnTheNetworkCursorItselfIsFoundBeforeThoseInIt) {
+  this->Given("@header1 {\n@header1 {\n}\n}\nhost h {\n}\n");
+  this->Place("@header1", "host h");
+  EXPECT_EQ(this->Remove("@bare1"), 1);
+  EXPECT_EQ(this->State(), "null / host h\n[TREE_ROOT_SECTION]\n  [host h]\n");
+}
+
 TYPED_TEST(RemovingSubnets, SubnetOutsideTheCurrentNetworkIsNotFound) {
   this->Given("shared-network n {\nhost h {\n}\n}\n@header1 {\n}\n");
   const std::string before = this->State();

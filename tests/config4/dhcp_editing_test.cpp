@@ -84,6 +84,16 @@ TEST_F(DhcpEditing, SubnetWithAMaskIsAppendedAndReportedAsFailure) {
   EXPECT_EQ(Cursors(), "null / subnet 10.0.0.0 netmask 255.0.0.0");
 }
 
+TEST_F(DhcpEditing, SubnetAddedBeforeOpenBeginsATreeThatIsSaved) {
+  Unopened("host e {\n}\n");
+  EXPECT_EQ(AddSubnet("10.0.0.0:255.0.0.0"), 0);
+  EXPECT_EQ(State(), R"(null / null
+[subnet 10.0.0.0 netmask 255.0.0.0]
+  max-lease-time 1;
+)");
+  EXPECT_EQ(Saved(), "\nsubnet 10.0.0.0 netmask 255.0.0.0\n{\n\tmax-lease-time 1;\n\n}\n");
+}
+
 TEST_F(DhcpEditing, SubnetWithAMaskIsAppendedToTheCurrentNetwork) {
   Given("shared-network office {\nhost e {\n}\n}\nhost f {\n}\n");
   EXPECT_EQ(Conf().AddSection(Timed(SECTION_SUBNET, "10.0.0.0:255.0.0.0")), 0);
