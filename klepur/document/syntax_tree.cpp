@@ -10,7 +10,8 @@ SyntaxTree::SyntaxTree() {
 
 NodeId SyntaxTree::FirstChild(NodeId id) const {
   if (nodes_[id].own_head) return HeadOf(id);
-  return id + 1 < Count() && nodes_[id + 1].parent == id ? id + 1 : kNoNode;
+  const bool has_next = id + 1 < Count() && nodes_[id + 1].parent == id && !nodes_[id + 1].gone;
+  return has_next ? id + 1 : kNoNode;
 }
 
 NodeId SyntaxTree::LastChild(NodeId id) const {
