@@ -91,10 +91,9 @@ Place AtEnd(DocumentState& state, NodeId parent) {
   return last == kNoNode ? InEmptyBlock(state, parent) : Behind(state, last);
 }
 
-bool SplitsChain(const DocumentState& state, Place place) {
-  const NodeId next = NextOf(state, place.gap);
-  return next != kNoNode && place.before_next &&
-         WordOf(state.tree[next].word).begins == Begins::kBranch;
+bool IsWithinChain(const DocumentState& state, NodeId anchor, Placement::Where where) {
+  return where == Placement::Where::kBefore ? StartOfChain(state, anchor) != anchor
+                                            : EndOfChain(state, anchor) != anchor;
 }
 
 /// The blank lines between a block and the one of its key before it, or behind it.
@@ -176,12 +175,10 @@ Place FindPlace(DocumentState& state, NodeId parent, const Placed& what, Placeme
                    ? Place{GapBefore(state, anchor), true}
                    : Place{{parent, trailing == kNoNode ? anchor : trailing}, false};
       }
-      const Place place =
-          where == Placement::Where::kBefore ? Above(state, anchor) : Behind(state, anchor);
-      if (SplitsChain(state, place)) {
+      if (IsWithinChain(state, anchor, where)) {
         throw Error(ErrorCode::kBadPlace, "nothing can stand between an \"if\" and its \"else\"");
       }
-      return place;
+      return where == Placement::Where::kBefore ? Above(state, anchor) : Behind(state, anchor);
     }
     case Placement::Where::kAuto:
       break;
