@@ -77,7 +77,9 @@ std::size_t Neighbours::WidestOneLine(std::string_view key) const {
 }
 
 std::string Neighbours::BeforeBrace(std::string_view key) const {
-  const NodeId nearest = Nearest(key, [this](NodeId id) { return !IsOnOneLine(state_, id); });
+  NodeId nearest =
+      Nearest(key, [this](NodeId id) { return !Holds(id) && !IsOnOneLine(state_, id); });
+  if (nearest == kNoNode) nearest = place_.parent == kRoot ? kNoNode : place_.parent;
   if (nearest == kNoNode) return " ";
   const std::string gap = HeaderGap(state_, nearest);
   if (!HasLineEnd(gap)) return gap;

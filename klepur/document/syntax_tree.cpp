@@ -40,9 +40,11 @@ NodeId SyntaxTree::NextBehind(NodeId id, NodeId top) const {
 }
 
 bool SyntaxTree::IsGone(NodeId id) const {
-  for (; id != kNoNode; id = nodes_[id].parent) {
+  for (const NodeId asked = id; id != kNoNode; id = nodes_[id].parent) {
     if (nodes_[id].gone) return true;
     if (id == kRoot) return false;
+    // What was below a block that was commented out.
+    if (id != asked && nodes_[id].kind != NodeKind::kBlock) return true;
   }
   return true;
 }
