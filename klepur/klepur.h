@@ -4,6 +4,7 @@
 
 #include <klepur/config4/dhcp_config_file.h>
 #include <klepur/config6/dhcpv6_config_file.h>
+#include <klepur/document/document.h>
 #include <klepur/framework/file_iterator.h>
 #include <klepur/framework/file_utility.h>
 #include <klepur/framework/lexer.h>
@@ -20,6 +21,7 @@
 #include <klepur/network/hardware_address.h>
 #include <klepur/network/host_identifier.h>
 #include <klepur/network/identifier.h>
+#include <klepur/network/network.h>
 #include <klepur/network/prefix.h>
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>
