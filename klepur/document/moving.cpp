@@ -111,11 +111,9 @@ void RestoreGaps(DocumentState& state, NodeRun run) {
   const Gap before = GapBefore(state, run.first);
   const Gap behind = GapBehind(state, run.last);
   const Remembered* memory =
-      state.memory.Recall({EditMemory::About::kMoved, run.first, before.previous});
-  if (memory == nullptr || memory->nodes[0] != before.parent ||
-      memory->nodes[1] != NextOf(state, behind)) {
-    return;
-  }
+      state.memory.Recall({EditMemory::About::kMoved, run.first, before.previous,
+                           std::to_string(before.parent)});
+  if (memory == nullptr || memory->nodes.front() != NextOf(state, behind)) return;
   WriteGap(state, before, memory->texts[0]);
   WriteGap(state, behind, memory->texts[1]);
 }
