@@ -16,6 +16,13 @@
 #include <klepur/framework/tree.h>
 #include <klepur/leases/lease_store.h>
 #include <klepur/leases/leases_parser.h>
+#include <klepur/network/address.h>
+#include <klepur/network/hardware_address.h>
+#include <klepur/network/host_identifier.h>
+#include <klepur/network/identifier.h>
+#include <klepur/network/prefix.h>
+#include <klepur/network/prefix_range.h>
+#include <klepur/network/range.h>
 #include <klepur/parser/dhcp_parser.h>
 
 #endif

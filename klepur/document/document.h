@@ -3,6 +3,7 @@
 #define KLEPUR_DOCUMENT_DOCUMENT_H
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -38,6 +39,7 @@ class KLEPUR_EXPORT Document {
     std::size_t log = 0;
     std::size_t memory = 0;
     std::uint32_t nodes = 0;
+    bool malformed = false;
   };
 
   /// Reads a text. Throws Error(kTooLarge) from 4 GiB on. Cost: linear.

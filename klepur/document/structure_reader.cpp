@@ -23,11 +23,6 @@ const char* BehindGap(const char* from, const char* end) {
   return from;
 }
 
-std::string_view LettersAt(const char* from, const char* end) {
-  const char* const behind = std::find_if_not(from, end, IsWordByte);
-  return Between(from, behind);
-}
-
 /// Words behind which a statement must go on.
 bool WantsMore(std::string_view word) {
   static constexpr std::array<std::string_view, 14> kWords = {
@@ -99,7 +94,7 @@ bool IsPlainHeader(const char* start, const char* brace) {
 
 /// Whether a line that goes on like this begins a statement or a block.
 bool BeginsStatement(const char* from, const char* end) {
-  const std::string_view word = LettersAt(from, end);
+  const std::string_view word = LeadingWord(Between(from, end));
   const char* const behind = from + word.size();
   if (behind < end && !IsBlank(*behind) && std::strchr(";{\"#", *behind) == nullptr) return false;
   const StructureWord& known = WordOf(NumberOf(word));
@@ -116,11 +111,22 @@ StructureReader::StructureReader(SyntaxTree& tree, std::string_view text, Addres
       next_(begin_) {}
 
 void StructureReader::Read(NodeId parent) {
+  Read(parent, false);
+}
+
+void StructureReader::ReadFirst(NodeId parent) {
+  Read(parent, true);
+}
+
+void StructureReader::Read(NodeId parent, bool only_first) {
   parent_ = parent;
   previous_ = kNoNode;
+  if (base_ == 0 && Between(begin_, end_).substr(0, kByteOrderMark.size()) == kByteOrderMark) {
+    next_ += kByteOrderMark.size();
+  }
   for (;;) {
     next_ = BehindGap(next_, end_);
-    if (next_ == end_) break;
+    if (next_ == end_ || (only_first && parent_ == parent && previous_ != kNoNode)) break;
     switch (*next_) {
       case '#':
         ReadComment();
@@ -206,8 +212,8 @@ void StructureReader::ReadStatement() {
 }
 
 bool StructureReader::ReadLabel() {
-  if (tree_[parent_].word != kWordSwitch || tree_[parent_].kind != NodeKind::kBlock) return false;
-  const std::uint8_t number = NumberOf(LettersAt(next_, end_));
+  if (tree_[parent_].word != kWordSwitch) return false;
+  const std::uint8_t number = NumberOf(LeadingWord(Between(next_, end_)));
   if (number != kWordCase && number != kWordDefault) return false;
   const char* at = next_;
   bool open = false;
@@ -222,6 +228,7 @@ bool StructureReader::ReadLabel() {
   }
   if (at == end_ || *at != ':') return false;
   tree_.Made(Add(NodeKind::kLabel, next_, at + 1)).open_quote = open;
+  malformed_ = malformed_ || open;
   next_ = at + 1;
   return true;
 }
@@ -271,6 +278,7 @@ void StructureReader::AddStatement(const char* start, const char* end, bool unfi
   SyntaxNode& node = tree_.Made(Add(NodeKind::kStatement, start, end));
   node.unfinished = unfinished;
   node.open_quote = open_quote;
+  malformed_ = malformed_ || unfinished || open_quote;
   next_ = end;
 }
 
@@ -286,6 +294,7 @@ void StructureReader::OpenBlock(const char* start, const char* brace, bool open_
   tree_.SetBrace(id, static_cast<Address>(brace - start));
   node.word = word;
   node.open_quote = open_quote;
+  malformed_ = malformed_ || open_quote;
   parent_ = id;
   previous_ = kNoNode;
 }
@@ -294,6 +303,7 @@ void StructureReader::CloseOpenBlocks(NodeId top) {
   for (; parent_ != top; parent_ = tree_[parent_].parent) {
     SyntaxNode& block = tree_.Made(parent_);
     block.unfinished = 1;
+    malformed_ = true;
     if (previous_ != kNoNode) block.end = tree_[previous_].end;
     previous_ = parent_;
   }
@@ -301,7 +311,7 @@ void StructureReader::CloseOpenBlocks(NodeId top) {
 
 /// One lookup for many blocks of a kind in a row.
 std::uint8_t StructureReader::WordAt(const char* start) {
-  const std::string_view word = LettersAt(start, end_);
+  const std::string_view word = LeadingWord(Between(start, end_));
   if (word != last_word_) {
     last_word_ = word;
     last_word_number_ = NumberOf(word);

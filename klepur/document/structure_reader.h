@@ -9,6 +9,9 @@
 
 namespace klepur::internal {
 
+/// The three bytes that some editors begin a text with. They are nobody's, and stay the first.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 /// Reads statements, blocks and comments, whatever they say. Nothing is refused: what is malformed is
 /// marked in its node, and reading goes on behind it.
 ///
@@ -30,8 +33,14 @@ class StructureReader {
   /// Appends the nodes of the text. Those at the top have this parent and each other as siblings, and
   /// are linked to nothing else.
   void Read(NodeId parent);
+  /// The same, and stops behind the first of them.
+  void ReadFirst(NodeId parent);
+  /// Whether something in it lacked its end: what is added to or taken from such a text can change what
+  /// other parts of it mean.
+  bool IsMalformed() const { return malformed_; }
 
  private:
+  void Read(NodeId parent, bool only_first);
   void Close(NodeId top);
   void ReadComment();
   void ReadStatement();
@@ -56,6 +65,7 @@ class StructureReader {
   NodeId parent_ = kNoNode;
   NodeId previous_ = kNoNode;
   bool quotes_pair_ = true;
+  bool malformed_ = false;
   std::string_view last_word_;
   std::uint8_t last_word_number_ = 0;
 };

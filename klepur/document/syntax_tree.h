@@ -43,6 +43,10 @@ class SyntaxTree {
 
   /// A node to be changed, as it is now remembered.
   SyntaxNode& Change(NodeId id);
+  /// Makes sure that a node that is made next is not taken for the first child.
+  void KeepHead(NodeId parent) {
+    if (!nodes_[parent].own_head) SetHead(parent, FirstChild(parent));
+  }
   /// Hangs a node that hangs nowhere below a parent, behind a child of it or, given none, as its first.
   void Link(NodeId id, NodeId parent, NodeId previous);
   /// Takes a node, and what is below it, out of its parent's children.

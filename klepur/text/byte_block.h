@@ -36,34 +36,38 @@ class ByteBlock {
   /// The bytes that stand here. The address need not be a multiple of anything.
   explicit ByteBlock(const char* place) : bytes_(Load(place)) {}
 
+  /// Sixteen times this byte.
+  static ByteBlock Of(char byte) {
+#if defined(__SSE2__)
+    return ByteBlock(_mm_set1_epi8(byte));
+#else
+    return ByteBlock(vdupq_n_u8(static_cast<std::uint8_t>(byte)));
+#endif
+  }
+
   /// Which bytes are this one.
   ByteBlock Are(char byte) const {
 #if defined(__SSE2__)
-    return ByteBlock(_mm_cmpeq_epi8(bytes_, _mm_set1_epi8(byte)));
+    return ByteBlock(_mm_cmpeq_epi8(bytes_, Of(byte).bytes_));
 #else
-    return ByteBlock(vceqq_u8(bytes_, vdupq_n_u8(static_cast<std::uint8_t>(byte))));
+    return ByteBlock(vceqq_u8(bytes_, Of(byte).bytes_));
 #endif
   }
 
   /// Which bytes are in a range, both ends included.
   ByteBlock AreIn(char first, char last) const {
-    const auto size = static_cast<char>(last - first);
+    const Register size = Of(static_cast<char>(last - first)).bytes_;
 #if defined(__SSE2__)
-    const Register distance = _mm_sub_epi8(bytes_, _mm_set1_epi8(first));
-    return ByteBlock(_mm_cmpeq_epi8(_mm_min_epu8(distance, _mm_set1_epi8(size)), distance));
+    const Register distance = _mm_sub_epi8(bytes_, Of(first).bytes_);
+    return ByteBlock(_mm_cmpeq_epi8(_mm_min_epu8(distance, size), distance));
 #else
-    const Register distance = vsubq_u8(bytes_, vdupq_n_u8(static_cast<std::uint8_t>(first)));
-    return ByteBlock(vcleq_u8(distance, vdupq_n_u8(static_cast<std::uint8_t>(size))));
+    return ByteBlock(vcleq_u8(vsubq_u8(bytes_, Of(first).bytes_), size));
 #endif
   }
 
   /// The bytes with these bits set in each.
   ByteBlock With(char bits) const {
-#if defined(__SSE2__)
-    return *this | ByteBlock(_mm_set1_epi8(bits));
-#else
-    return *this | ByteBlock(vdupq_n_u8(static_cast<std::uint8_t>(bits)));
-#endif
+    return *this | Of(bits);
   }
 
   friend ByteBlock operator|(ByteBlock a, ByteBlock b) {
@@ -71,6 +75,29 @@ class ByteBlock {
     return ByteBlock(_mm_or_si128(a.bytes_, b.bytes_));
 #else
     return ByteBlock(vorrq_u8(a.bytes_, b.bytes_));
+#endif
+  }
+
+  /// How many results CountIn may be given before Sum is asked.
+  static constexpr std::size_t kMostCounted = 255;
+
+  /// Makes each byte one more where the byte fits.
+  void CountIn(ByteBlock result) {
+#if defined(__SSE2__)
+    bytes_ = _mm_sub_epi8(bytes_, result.bytes_);
+#else
+    bytes_ = vsubq_u8(bytes_, result.bytes_);
+#endif
+  }
+
+  /// The sum of the bytes.
+  std::size_t Sum() const {
+#if defined(__SSE2__)
+    const Register sums = _mm_sad_epu8(bytes_, _mm_setzero_si128());
+    return static_cast<std::size_t>(_mm_cvtsi128_si32(sums)) +
+           static_cast<std::size_t>(_mm_extract_epi16(sums, 4));
+#else
+    return vaddlvq_u8(bytes_);
 #endif
   }
 

@@ -24,6 +24,13 @@ constexpr char ToSmallLetter(char byte) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
+/// The word bytes that a text begins with.
+constexpr std::string_view LeadingWord(std::string_view text) {
+  std::size_t size = 0;
+  while (size < text.size() && IsWordByte(text[size])) ++size;
+  return text.substr(0, size);
+}
+
 constexpr bool EqualButForCase(std::string_view left, std::string_view right) {
   if (left.size() != right.size()) return false;
   for (std::size_t i = 0; i < left.size(); ++i) {

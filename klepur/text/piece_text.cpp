@@ -2,15 +2,16 @@
 
 #include <iterator>
 #include <limits>
+#include <utility>
 
 #include <klepur/text/error.h>
 
 namespace klepur::internal {
 
-PieceText::PieceText(std::string_view base) : base_(base) {
+PieceText::PieceText(TextBuffer base) : base_(std::move(base)) {
   pieces_.push_back({0, 0, kHead, kTail});
   pieces_.push_back({0, 0, kHead, kTail});
-  if (!base_.empty()) {
+  if (base_.size() != 0) {
     const PieceId whole = NewPiece(0, BaseSize());
     Link(kHead, whole);
     Link(whole, kTail);
@@ -72,14 +73,15 @@ std::size_t PieceText::Size() const {
   return size;
 }
 
-PieceText::Change PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
+void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
   std::vector<PieceId> added;
   for (const Span& span : spans) AppendPiecesOf(span, added);
   const bool empty = from == to;
   const PieceId right = BorderBefore(to);
   const PieceId first = empty ? right : BorderBefore(from);
+  log_.push_back({right, first, pieces_[right].previous, kTail});
   // Nothing can fail from here on.
-  Change change = {right, first, pieces_[right].previous, kTail};
+  Change& change = log_.back();
   PieceId last = pieces_[first].previous;
   if (empty) change.old_first = change.old_last = kTail;
   for (const PieceId piece : added) {
@@ -89,7 +91,10 @@ PieceText::Change PieceText::Replace(Edge from, Edge to, const std::vector<Span>
   }
   Link(last, right);
   if (!added.empty()) change.new_first = added.front();
-  return change;
+}
+
+void PieceText::RollBack(std::size_t mark) noexcept {
+  for (; log_.size() > mark; log_.pop_back()) TakeBack(log_.back());
 }
 
 void PieceText::TakeBack(const Change& change) noexcept {

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include <klepur/text/text_buffer.h>
+
 namespace klepur::internal {
 
 /// Names a byte: those that were read come first, then those added, in the order of their coming.
@@ -33,15 +35,7 @@ class PieceText {
     friend bool operator==(const Edge&, const Edge&) = default;
   };
 
-  /// What a replacement did, so that it can be taken back.
-  struct Change {
-    PieceId right;
-    PieceId old_first;
-    PieceId old_last;
-    PieceId new_first;
-  };
-
-  explicit PieceText(std::string_view base);
+  explicit PieceText(TextBuffer base);
 
   const char* Bytes(Address address) const {
     return address < base_.size() ? base_.data() + address : added_.data() + (address - base_.size());
@@ -80,14 +74,24 @@ class PieceText {
 
   /// Puts spans, none of whose bytes stands in the text elsewhere, in the place of what stands
   /// between the edges. Other edges are good no more.
-  Change Replace(Edge from, Edge to, const std::vector<Span>& spans);
-  /// Takes back the last change that was not taken back yet. Does not fail.
-  void TakeBack(const Change& change) noexcept;
+  void Replace(Edge from, Edge to, const std::vector<Span>& spans);
+
+  /// A state to return to: how many replacements there were.
+  std::size_t GetMark() const { return log_.size(); }
+  void RollBack(std::size_t mark) noexcept;
 
   PieceId PieceOf(Address byte) const;
   bool IsChanged() const;
 
  private:
+  /// What a replacement did, so that it can be taken back.
+  struct Change {
+    PieceId right;
+    PieceId old_first;
+    PieceId old_last;
+    PieceId new_first;
+  };
+
   struct Piece {
     Address begin;
     Address end;
@@ -97,6 +101,7 @@ class PieceText {
   static constexpr PieceId kHead = 0;
   static constexpr PieceId kTail = 1;
 
+  void TakeBack(const Change& change) noexcept;
   Edge BeginOf(PieceId piece) const { return {piece, pieces_[piece].begin}; }
   PieceId NewPiece(Address begin, Address end);
   PieceId Split(PieceId piece, Address at);
@@ -107,13 +112,14 @@ class PieceText {
   }
   void AppendPiecesOf(Span span, std::vector<PieceId>& ids);
 
-  std::string base_;
+  TextBuffer base_;
   std::string added_;
   std::vector<Piece> pieces_;
   // The piece that begins at an address; where several did, the one that stands in the text or did last.
   // No borders between pieces are ever forgotten, so the last one at or before a byte of the text is that
   // of its piece.
   std::map<Address, PieceId> at_;
+  std::vector<Change> log_;
 };
 
 }  // namespace klepur::internal

@@ -22,10 +22,14 @@ class ByteSet {
 constexpr ByteSet kStructural(";{}#\"\n");
 constexpr ByteSet kStringMarks("\"\\");
 
+const char* FirstIn(const ByteSet& set, const char* from, const char* end) {
+  return std::find_if(from, end, [&set](char byte) { return set(byte); });
+}
+
 }  // namespace
 
 const char* FindStructuralPlainly(const char* from, const char* end) {
-  return std::find_if(from, end, kStructural);
+  return FirstIn(kStructural, from, end);
 }
 
 const char* SkipBlanksPlainly(const char* from, const char* end) {
@@ -33,7 +37,7 @@ const char* SkipBlanksPlainly(const char* from, const char* end) {
 }
 
 const char* FindStringMarkPlainly(const char* from, const char* end) {
-  return std::find_if(from, end, kStringMarks);
+  return FirstIn(kStringMarks, from, end);
 }
 
 }  // namespace klepur::internal

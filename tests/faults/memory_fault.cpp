@@ -1,6 +1,13 @@
 #include "tests/faults/memory_fault.h"
 
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <sys/types.h>
+#include <unistd.h>
+
 #include <atomic>
+#include <cerrno>
+#include <cstdarg>
 #include <cstdlib>
 #include <new>
 
@@ -17,7 +24,10 @@ struct Plan {
 
 thread_local Plan plan;
 
-bool Fails() {
+// The thread sanitizer itself calls mmap, before it is ready to watch what mmap does.
+#define UNWATCHED __attribute__((no_sanitize_thread))
+
+UNWATCHED bool Fails() {
   if (!plan.armed) return false;
   if (plan.struck) return plan.again;
   if (plan.passing-- != 0) return false;
@@ -44,6 +54,16 @@ void* Allocate(std::size_t size, std::align_val_t alignment) noexcept {
 void* OrThrow(void* block) {
   if (block == nullptr) throw std::bad_alloc();
   return block;
+}
+
+/// Pages, which are not counted: they need not be given back as they were got.
+UNWATCHED void* Pages(long answer) {
+  return reinterpret_cast<void*>(answer);
+}
+
+UNWATCHED void* NoPages() {
+  errno = ENOMEM;
+  return MAP_FAILED;
 }
 
 void Free(void* block) noexcept {
@@ -140,6 +160,27 @@ void operator delete[](void* block, std::align_val_t /*alignment*/,
                        const std::nothrow_t& /*tag*/) noexcept {
   Free(block);
 }
+
+// ---- pages ----
+
+extern "C" {
+
+UNWATCHED void* mmap(void* place, std::size_t size, int protection, int flags, int descriptor,
+                     off_t offset) noexcept {
+  if (Fails()) return NoPages();
+  return Pages(syscall(SYS_mmap, place, size, protection, flags, descriptor, offset));
+}
+
+void* mremap(void* place, std::size_t size, std::size_t newSize, int flags, ...) noexcept {
+  if (Fails()) return NoPages();
+  va_list arguments;
+  va_start(arguments, flags);
+  void* const newPlace = (flags & MREMAP_FIXED) != 0 ? va_arg(arguments, void*) : nullptr;
+  va_end(arguments);
+  return Pages(syscall(SYS_mremap, place, size, newSize, flags, newPlace));
+}
+
+}  // extern "C"
 
 namespace klepur::test {
 

@@ -9,7 +9,8 @@ namespace klepur::test {
 /// Whether there is memory again after the allocation that failed.
 enum class Shortage { kOnce, kFromThenOn };
 
-/// While it lives, an allocation of this thread fails: operator new throws std::bad_alloc.
+/// While it lives, an allocation of this thread fails: operator new throws std::bad_alloc, and mmap
+/// and mremap give no pages.
 class MemoryFault {
  public:
   /// \param passing  how many allocations succeed before it.

@@ -1,0 +1,193 @@
+#include <klepur/document/disabled.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include <klepur/document/gaps.h>
+#include <klepur/document/structure_reader.h>
+#include <klepur/document/structure_words.h>
+#include <klepur/document/words_of_text.h>
+#include <klepur/text/letters.h>
+#include <klepur/text/text_buffer.h>
+
+namespace klepur::internal {
+namespace {
+
+bool IsLineOfItsOwn(const DocumentState& state, NodeId id) {
+  return state.IsComment(id) && BeginsLine(state, id);
+}
+
+std::vector<NodeId> RunFrom(const DocumentState& state, NodeId first) {
+  std::vector<NodeId> run = {first};
+  for (NodeId next = state.tree[first].next;
+       next != kNoNode && AreInOneRun(state, run.back(), next); next = state.tree[next].next) {
+    run.push_back(next);
+  }
+  return run;
+}
+
+bool IsWordAlone(std::string_view statement) {
+  WordsOfText words(statement);
+  words.Next();
+  return words.Next() == ";";
+}
+
+bool HasTheFormOfItsWord(NodeKind kind, std::uint8_t number, std::string_view text) {
+  switch (WordOf(number).begins) {
+    case Begins::kStatement:
+      return number != kUnknownWord && kind == NodeKind::kStatement;
+    case Begins::kAlone:
+      return kind == NodeKind::kStatement && IsWordAlone(text);
+    case Begins::kBlock:
+    case Begins::kChain:
+      return kind == NodeKind::kBlock;
+    case Begins::kEither:
+      return kind == NodeKind::kBlock || kind == NodeKind::kStatement;
+    case Begins::kBranch:
+    case Begins::kLabel:
+      return false;
+  }
+  return false;
+}
+
+bool IsBranch(const SyntaxNode& node) {
+  return node.kind == NodeKind::kBlock && WordOf(node.word).begins == Begins::kBranch;
+}
+
+/// How many lines of the text the statement or block takes that it begins with, and the comment behind it;
+/// 0 unless that is whole and takes whole lines.
+std::size_t LinesOfWhole(std::string_view text) {
+  const TextBuffer buffer(text);
+  SyntaxTree tree;
+  StructureReader reader(tree, buffer.view(), 1);  // a text of its own, that no mark begins
+  const bool chain = WordOf(NumberOf(LeadingWord(text))).begins == Begins::kChain;
+  if (chain) {
+    reader.Read(kRoot);
+  } else {
+    reader.ReadFirst(kRoot);
+  }
+  if (tree.Count() < 2 || reader.IsMalformed()) return 0;
+  SyntaxNode node = tree[1];
+  for (NodeId next = node.next; chain && next != kNoNode && IsBranch(tree[next]);
+       next = tree[next].next) {
+    node.end = tree[next].end;
+  }
+  const std::string_view own = text.substr(node.begin - 1, node.end - node.begin);
+  const std::string_view before = text.substr(0, node.begin - 1);
+  if (HasLineEnd(before) || !HasTheFormOfItsWord(node.kind, NumberOf(LeadingWord(own)), own)) {
+    return 0;
+  }
+  const std::string_view behind = text.substr(node.end - 1);
+  const std::size_t next = behind.find_first_not_of(" \t\r");
+  if (next != std::string_view::npos && behind[next] != '#' && behind[next] != '\n') return 0;
+  return CountLineEnds(own) + 1;
+}
+
+bool MarksAreFollowedByBlanks(const DocumentState& state, const std::vector<NodeId>& run,
+                              std::size_t begin, std::size_t end) {
+  return std::all_of(run.begin() + static_cast<std::ptrdiff_t>(begin),
+                     run.begin() + static_cast<std::ptrdiff_t>(end), [&state](NodeId id) {
+                       const std::string_view text = state.OwnText(id);
+                       return text.size() == 1 || text[1] == ' ' || text[1] == '\t';
+                     });
+}
+
+std::string_view WithoutMark(std::string_view comment, bool blank_too) {
+  comment.remove_prefix(1);
+  if (blank_too && comment.substr(0, 1) == " ") comment.remove_prefix(1);
+  return comment;
+}
+
+/// The lines of a run from `begin` to `end` without their marks, each with the blanks before its mark.
+std::string Uncommented(const DocumentState& state, const std::vector<NodeId>& run,
+                        std::size_t begin, std::size_t end) {
+  const bool blank_too = MarksAreFollowedByBlanks(state, run, begin, end);
+  std::string text;
+  for (std::size_t i = begin; i < end; ++i) {
+    const std::string_view line = WithoutMark(state.OwnText(run[i]), blank_too);
+    if (i != begin) {
+      const std::string gap = ReadGap(state, GapBefore(state, run[i]));
+      text += WithoutLastLine(gap);
+      if (!line.empty()) text += LastLine(gap);
+    }
+    text += line;
+  }
+  return text;
+}
+
+/// Whether a line of prose can be told without reading on.
+bool MayBegin(std::string_view line) {
+  line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+  return NumberOf(LeadingWord(line)) != kUnknownWord;
+}
+
+/// The disabled statement at the start of run[begin..], within a budget of bytes to read.
+std::optional<Disabled> FindAt(const DocumentState& state, const std::vector<NodeId>& run,
+                               std::size_t begin, std::size_t& budget) {
+  const std::string_view first = WithoutMark(state.OwnText(run[begin]), true);
+  if (!MayBegin(first)) return std::nullopt;
+  // Most are a few lines, so all the rest of a long run is looked at last.
+  for (std::size_t count = 1;; count *= 8) {
+    const std::size_t end = std::min(run.size(), begin + count);
+    const std::string text = Uncommented(state, run, begin, end);
+    if (text.size() > budget) return std::nullopt;
+    budget -= text.size();
+    const std::size_t lines = LinesOfWhole(text);
+    if (lines != 0) {
+      const std::size_t behind = begin + lines;
+      return Disabled{run[begin], run[behind - 1], Uncommented(state, run, begin, behind)};
+    }
+    if (end == run.size()) return std::nullopt;
+  }
+}
+
+std::vector<Disabled> FindAll(const DocumentState& state, const std::vector<NodeId>& run) {
+  std::vector<Disabled> found;
+  // A run in which many lines seem to begin something long must not cost its square.
+  std::size_t budget = 1 << 16;
+  for (const NodeId id : run) budget += 16 * state.OwnText(id).size();
+  for (std::size_t i = 0; i < run.size();) {
+    std::optional<Disabled> disabled = FindAt(state, run, i, budget);
+    if (!disabled) {
+      ++i;
+      continue;
+    }
+    while (run[i] != disabled->last) ++i;
+    ++i;
+    found.push_back(std::move(*disabled));
+  }
+  return found;
+}
+
+}  // namespace
+
+bool AreInOneRun(const DocumentState& state, NodeId above, NodeId below) {
+  if (!IsLineOfItsOwn(state, above) || !IsLineOfItsOwn(state, below)) return false;
+  if (CountLineEnds(ReadGap(state, GapBefore(state, below))) != 1) return false;
+  const std::size_t above_width = WidthOf(IndentOf(state, above));
+  const std::size_t below_width = WidthOf(IndentOf(state, below));
+  return std::max(above_width, below_width) - std::min(above_width, below_width) <= 1;
+}
+
+NodeId StartOfRun(const DocumentState& state, NodeId comment) {
+  NodeId previous = state.tree[comment].previous;
+  while (previous != kNoNode && AreInOneRun(state, previous, comment)) {
+    comment = previous;
+    previous = state.tree[comment].previous;
+  }
+  return comment;
+}
+
+std::vector<Disabled> DisabledInRun(const DocumentState& state, NodeId comment) {
+  if (!IsLineOfItsOwn(state, comment)) return {};
+  return FindAll(state, RunFrom(state, StartOfRun(state, comment)));
+}
+
+std::optional<Disabled> DisabledAt(const DocumentState& state, NodeId comment) {
+  for (Disabled& disabled : DisabledInRun(state, comment)) {
+    if (disabled.first == comment) return std::move(disabled);
+  }
+  return std::nullopt;
+}
+
+}  // namespace klepur::internal

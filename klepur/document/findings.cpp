@@ -1,0 +1,200 @@
+#include <klepur/document/findings.h>
+
+#include <algorithm>
+#include <string>
+
+#include <klepur/document/gaps.h>
+#include <klepur/document/node_text.h>
+#include <klepur/document/structure_reader.h>
+#include <klepur/document/structure_words.h>
+#include <klepur/document/words_of_text.h>
+#include <klepur/text/letters.h>
+
+namespace klepur::internal {
+namespace {
+
+class Collector {
+ public:
+  explicit Collector(const DocumentState& state) : state_(state) {}
+
+  std::vector<Finding> Collect() {
+    LookAtStart();
+    for (NodeId id = state_.tree.NextInOrder(kRoot, kRoot); id != kNoNode;
+         id = state_.tree.NextInOrder(id, kRoot)) {
+      LookAt(id);
+    }
+    LookForNuls();
+    std::stable_sort(findings_.begin(), findings_.end(),
+                     [](const Finding& left, const Finding& right) {
+                       return left.where < right.where;
+                     });
+    return std::move(findings_);
+  }
+
+ private:
+  void Add(FindingCode code, PieceText::Edge where, std::string message,
+           Severity severity = Severity::kError) {
+    findings_.push_back(
+        {code, severity, state_.positions.Of(state_.text, where), std::move(message)});
+  }
+
+  PieceText::Edge At(NodeId id, std::size_t offset) const {
+    return state_.text.Before(state_.tree[id].begin + static_cast<Address>(offset));
+  }
+
+  std::string LineOf(NodeId id) const {
+    return "line " + std::to_string(state_.positions.Of(state_.text, state_.Begin(id)).line);
+  }
+
+  void LookAtStart() {
+    if (state_.Inside(kRoot) == state_.text.Start()) return;
+    Add(FindingCode::kByteOrderMark, state_.text.Start(),
+        "the file begins with a byte order mark, which the server does not read");
+  }
+
+  void LookAt(NodeId id) {
+    const SyntaxNode& node = state_.tree[id];
+    if (node.open_quote) LookAtQuotes(id);
+    switch (node.kind) {
+      case NodeKind::kStray:
+        return LookAtStray(id);
+      case NodeKind::kStatement:
+        if (node.unfinished) LookAtStatement(id);
+        return;
+      case NodeKind::kBlock:
+        return LookAtBlock(id);
+      default:
+        return;
+    }
+  }
+
+  void LookAtStray(NodeId id) {
+    if (state_.OwnText(id) == "}") {
+      return Add(FindingCode::kStrayBrace, state_.Begin(id), "a closing brace without a block");
+    }
+    NodeId previous = state_.tree[id].previous;
+    while (previous != kNoNode && state_.IsComment(previous)) previous = state_.tree[previous].previous;
+    const bool behind_block = previous != kNoNode && state_.IsBlock(previous);
+    if (behind_block && state_.tree[previous].word == kWordKey &&
+        !state_.tree[previous].late_semicolon) {
+      return;
+    }
+    Add(FindingCode::kEmptyStatement, state_.Begin(id), "a \";\" without a statement");
+  }
+
+  void LookAtStatement(NodeId id) {
+    const std::string_view text = state_.OwnText(id);
+    if (text.back() == ';') {
+      return Add(FindingCode::kUnclosedValue, state_.Begin(id),
+                 "the braces of this value are not closed");
+    }
+    // Where the server finds that it is missing: at what stands there instead.
+    NodeId next = state_.tree[id].next;
+    while (next != kNoNode && state_.IsComment(next)) next = state_.tree[next].next;
+    const NodeId parent = state_.tree[id].parent;
+    std::string message = "a \";\" is missing behind \"" + KeyOf(text) + "\" of " + LineOf(id);
+    PieceText::Edge where = state_.End(id);
+    if (next != kNoNode) {
+      where = state_.Begin(next);
+    } else if (parent != kRoot && !state_.tree[parent].unfinished) {
+      where = state_.InsideEnd(parent);
+    } else {
+      state_.text.Back(where);
+      message = "the file ends in a statement";
+    }
+    Add(FindingCode::kMissingSemicolon, where, std::move(message));
+  }
+
+  void LookAtBlock(NodeId id) {
+    const SyntaxNode& node = state_.tree[id];
+    const PieceText::Edge brace = At(id, state_.tree.BraceOf(id));
+    if (UpToLastWord(state_.OwnText(id)).empty()) {
+      Add(FindingCode::kMissingHeader, brace, "a \"{\" without a block's name before it");
+    }
+    if (node.late_semicolon && node.word != kWordKey) {
+      PieceText::Edge semicolon = state_.End(id);
+      state_.text.Back(semicolon);
+      Add(FindingCode::kSemicolonBehindBlock, semicolon, "a \";\" behind the \"}\" of a block");
+    }
+    if (node.unfinished) LookAtUnclosed(id, brace);
+  }
+
+  void LookAtUnclosed(NodeId id, PieceText::Edge brace) {
+    std::string message = "the block is not closed";
+    const NodeId outside = FirstThatSeemsOutside(id);
+    if (outside != kNoNode) {
+      message += "; by the indentation it seems to end before " + LineOf(outside);
+    }
+    Add(FindingCode::kUnclosedBlock, brace, std::move(message));
+    PieceText::Edge end = state_.text.End();
+    NodeId last = id;
+    while (state_.tree.LastChild(last) != kNoNode) last = state_.tree.LastChild(last);
+    end = last == id ? brace : state_.text.Behind(state_.tree[last].end);
+    if (last != id) state_.text.Back(end);
+    Add(FindingCode::kEndInBlock, end, "the file ends in the block that begins in " + LineOf(id),
+        Severity::kNote);
+  }
+
+  /// The first child on a line of its own that is not deeper than its block.
+  NodeId FirstThatSeemsOutside(NodeId block) const {
+    const std::size_t width = WidthOf(IndentOf(state_, block));
+    for (NodeId child = state_.tree.FirstChild(block); child != kNoNode;
+         child = state_.tree[child].next) {
+      if (BeginsLine(state_, child) && WidthOf(IndentOf(state_, child)) <= width) return child;
+    }
+    return kNoNode;
+  }
+
+  /// The quotes of a node that the reader took for ordinary bytes.
+  void LookAtQuotes(NodeId id) {
+    const std::string_view text = state_.OwnText(id);
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      if (text[at] == '#') {
+        at = std::min(text.find('\n', at), text.size());
+      } else if (text[at] == '"') {
+        const std::size_t end = StringEnd(text, at);
+        const bool closed = end != std::string_view::npos &&
+                            (text.substr(at, end - at).find('\n') == std::string_view::npos ||
+                             end == text.size() || !IsWordByte(text[end]));
+        if (!closed) {
+          return Add(FindingCode::kUnclosedQuote, At(id, at), "a quote that is never closed");
+        }
+        at = end - 1;
+      }
+    }
+  }
+
+  /// The server passes over a single NUL before a word, and stops at all others.
+  void LookForNuls() {
+    NodeId top = kRoot;
+    for (NodeId id = kRoot; id != kNoNode; id = state_.tree.NextInOrder(id, top)) {
+      if (id != kRoot) LookForNulsIn({state_.tree[id].parent, state_.tree[id].previous});
+      if (state_.HoldsNodes(id)) {
+        LookForNulsIn({id, state_.tree.LastChild(id)});
+      }
+    }
+  }
+
+  void LookForNulsIn(Gap gap) {
+    const PieceText::Edge end = EndOf(state_, gap);
+    bool before = false;
+    for (PieceText::Edge at = BeginOf(state_, gap); at != end; state_.text.Forward(at)) {
+      const bool nul = state_.text.ByteAt(at) == '\0';
+      if (nul && before) {
+        return Add(FindingCode::kNul, at, "NUL bytes, at which the server stops");
+      }
+      before = nul;
+    }
+  }
+
+  const DocumentState& state_;
+  std::vector<Finding> findings_;
+};
+
+}  // namespace
+
+std::vector<Finding> FindingsOf(const DocumentState& state) {
+  return Collector(state).Collect();
+}
+
+}  // namespace klepur::internal

@@ -1,0 +1,17 @@
+// Internal: what is wrong with the structure of a document.
+#ifndef KLEPUR_DOCUMENT_FINDINGS_H
+#define KLEPUR_DOCUMENT_FINDINGS_H
+
+#include <vector>
+
+#include <klepur/document/document_state.h>
+#include <klepur/document/finding.h>
+
+namespace klepur::internal {
+
+/// All findings in the order of the text.
+std::vector<Finding> FindingsOf(const DocumentState& state);
+
+}  // namespace klepur::internal
+
+#endif

@@ -1,0 +1,154 @@
+#include <klepur/document/moving.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <klepur/document/node_text.h>
+#include <klepur/document/one_line_block.h>
+#include <klepur/document/place.h>
+#include <klepur/document/reindented.h>
+#include <klepur/document/removal.h>
+#include <klepur/document/structure_words.h>
+#include <klepur/text/error.h>
+
+namespace klepur::internal {
+namespace {
+
+/// Tells where in a run of pieces of the text a byte stands, by its address.
+class OffsetsInRun {
+ public:
+  explicit OffsetsInRun(const std::vector<Span>& spans) {
+    std::size_t offset = 0;
+    for (const Span& span : spans) {
+      begins_.push_back({span.begin, offset});
+      offset += span.end - span.begin;
+    }
+    std::sort(begins_.begin(), begins_.end(), ByAddress);
+  }
+
+  std::size_t Of(Address byte) const {
+    const auto behind =
+        std::upper_bound(begins_.begin(), begins_.end(), SpanBegin{byte, 0}, ByAddress);
+    return behind[-1].offset + (byte - behind[-1].address);
+  }
+
+ private:
+  struct SpanBegin {
+    Address address;
+    std::size_t offset;
+  };
+  static bool ByAddress(const SpanBegin& left, const SpanBegin& right) {
+    return left.address < right.address;
+  }
+  std::vector<SpanBegin> begins_;
+};
+
+/// Gives the nodes of a tree the addresses that their bytes have in the moved text.
+void Readdress(DocumentState& state, NodeId top, const OffsetsInRun& offsets,
+               const Reindented& moved, Address base) {
+  const auto new_address = [&](Address old) {
+    return base + static_cast<Address>(moved.NewOffset(offsets.Of(old)));
+  };
+  for (NodeId id = top; id != kNoNode; id = state.tree.NextInOrder(id, top)) {
+    const SyntaxNode old = state.tree[id];
+    const Address brace = state.IsBlock(id) ? old.begin + state.tree.BraceOf(id) : old.begin;
+    SyntaxNode& node = state.tree.Change(id);
+    node.begin = new_address(old.begin);
+    node.end = new_address(old.end - 1) + 1;
+    if (state.IsBlock(id)) state.tree.SetBrace(id, new_address(brace) - node.begin);
+  }
+}
+
+Placed Describe(const DocumentState& state, NodeId id) {
+  return {KeyOf(state.OwnText(id)), state.IsBlock(id),
+          state.IsBlock(id) && WordOf(state.tree[id].word).begins == Begins::kBranch};
+}
+
+void Require(const DocumentState& state, NodeId id, NodeId parent, const Placed& what) {
+  if (id == kRoot) throw Error(ErrorCode::kBadPlace, "the whole file cannot be moved");
+  if (!state.HoldsNodes(parent)) {
+    throw Error(ErrorCode::kBadPlace, "only blocks and the file hold statements");
+  }
+  if (state.tree.IsBelow(parent, id)) {
+    throw Error(ErrorCode::kBadPlace, "a block cannot be moved into itself");
+  }
+  if (what.is_branch) {
+    throw Error(ErrorCode::kBadPlace, "an \"elsif\" or \"else\" cannot be moved without its \"if\"");
+  }
+}
+
+/// The place as it is without the run that is moved.
+Place Without(const DocumentState& state, Place place, const std::vector<NodeId>& nodes) {
+  if (std::find(nodes.begin(), nodes.end(), place.gap.previous) != nodes.end()) {
+    place.gap.previous = state.tree[nodes.front()].previous;
+  }
+  return place;
+}
+
+Address PutMoved(DocumentState& state, Place place, const Reindented& moved,
+                 const std::string& indent, const Placed& what) {
+  const NodeId parent = place.gap.parent;
+  const std::string& text = moved.Text();
+  if (!IsMidLine(state, place)) {
+    return PutLines(state, place, text, indent, what, !what.key.empty());
+  }
+  const bool below_comment = place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
+  const bool in_one_line = parent != kRoot && IsOnOneLine(state, parent);
+  if (!HasLineEnd(text) && text.find('#') == std::string::npos && !below_comment &&
+      !(in_one_line && what.is_block)) {
+    return PutInLine(state, place, text);
+  }
+  if (!in_one_line) return PutBetweenLines(state, place, text, indent);
+  OpenOneLineBlock(state, parent);
+  return PutLines(state, place, text, indent, what, !what.key.empty());
+}
+
+/// Where the run stood between the same neighbours before, the gaps around it become what they were.
+void RestoreGaps(DocumentState& state, NodeRun run) {
+  const Gap before = GapBefore(state, run.first);
+  const Gap behind = GapBehind(state, run.last);
+  const Remembered* memory =
+      state.memory.Recall({EditMemory::About::kMoved, run.first, before.previous});
+  if (memory == nullptr || memory->nodes[0] != before.parent ||
+      memory->nodes[1] != NextOf(state, behind)) {
+    return;
+  }
+  WriteGap(state, before, memory->texts[0]);
+  WriteGap(state, behind, memory->texts[1]);
+}
+
+}  // namespace
+
+void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where where,
+              NodeId anchor) {
+  const Placed what = Describe(state, id);
+  Require(state, id, parent, what);
+  const NodeRun run = RunOf(state, id, CommentsAbove::kAuto);
+  const std::vector<NodeId> nodes = NodesOf(state, run);
+  if (std::find(nodes.begin(), nodes.end(), anchor) != nodes.end()) return;
+  const Place place = Without(state, FindPlace(state, parent, what, where, anchor), nodes);
+  const NodeId old_parent = state.tree[id].parent;
+  if (old_parent == parent && place.gap.previous == state.tree[run.first].previous) return;
+
+  const Neighbours neighbours(state, place.gap);
+  std::string indent = IndentAt(state, place, neighbours);
+  const std::string text = state.text.Read(state.Begin(run.first), state.End(run.last));
+  const OffsetsInRun offsets(state.text.SpansOf(state.Begin(run.first), state.End(run.last)));
+  const std::string old_indent = IndentOf(state, run.first);
+  TakeOut(state, run);
+  const Reindented moved(text, old_indent, indent);
+  const Address address = PutMoved(state, place, moved, indent, what);
+  NodeId previous = place.gap.previous;
+  for (const NodeId node : nodes) {
+    Readdress(state, node, offsets, moved, address);
+    state.tree.Link(node, parent, previous);
+    state.tree.Note(node);
+    previous = node;
+  }
+  RestoreGaps(state, run);
+  state.last_of_key.clear();
+  CloseOpenedBlocks(state, old_parent);
+}
+
+}  // namespace klepur::internal

@@ -1,0 +1,75 @@
+#include <klepur/document/node_index.h>
+
+namespace klepur::internal {
+namespace {
+
+constexpr std::size_t kFewestSlots = 64;
+
+std::uint32_t Folded(std::uint64_t hash) {
+  return static_cast<std::uint32_t>(hash >> 32) ^ static_cast<std::uint32_t>(hash);
+}
+
+}  // namespace
+
+void NodeIndex::Update(const SyntaxTree& tree, const KeysOf& keys_of) {
+  const auto enter_all_below = [&](NodeId top) {
+    for (NodeId id = top; id != kNoNode; id = tree.NextInOrder(id, top)) {
+      keys_of(id, [&](std::uint64_t hash) { Insert(Folded(hash), id); });
+    }
+  };
+  if (!made_ || generation_ != tree.Generation()) {
+    enter_all_below(kRoot);
+    generation_ = tree.Generation();
+    seen_ = tree.Noted().size();
+    made_ = true;
+    return;
+  }
+  for (; seen_ < tree.Noted().size(); ++seen_) {
+    const NodeId id = tree.Noted()[seen_];
+    if (!tree.IsGone(id)) enter_all_below(id);
+  }
+}
+
+std::vector<NodeId> NodeIndex::Candidates(std::uint64_t hash) const {
+  std::vector<NodeId> found;
+  if (slots_.empty()) return found;
+  const std::uint32_t folded = Folded(hash);
+  for (std::size_t at = folded & (slots_.size() - 1); slots_[at].id != kNoNode;
+       at = (at + 1) & (slots_.size() - 1)) {
+    if (slots_[at].hash == folded) found.push_back(slots_[at].id);
+  }
+  return found;
+}
+
+std::uint64_t NodeIndex::HashOf(std::string_view key, std::uint64_t seed) {
+  std::uint64_t hash = 14695981039346656037U ^ (seed * 0x9E3779B97F4A7C15U);
+  for (const char byte : key) {
+    hash = (hash ^ static_cast<unsigned char>(byte)) * 1099511628211U;
+  }
+  hash ^= hash >> 29;
+  hash *= 0xBF58476D1CE4E5B9U;
+  return hash ^ (hash >> 32);
+}
+
+void NodeIndex::Insert(std::uint32_t hash, NodeId id) {
+  if (used_ * 2 >= slots_.size()) Grow();
+  std::size_t at = hash & (slots_.size() - 1);
+  for (; slots_[at].id != kNoNode; at = (at + 1) & (slots_.size() - 1)) {
+    if (slots_[at].id == id && slots_[at].hash == hash) return;
+  }
+  slots_[at] = {hash, id};
+  ++used_;
+}
+
+void NodeIndex::Grow() {
+  std::vector<Slot> old(slots_.empty() ? kFewestSlots : slots_.size() * 2);
+  old.swap(slots_);
+  for (const Slot& slot : old) {
+    if (slot.id == kNoNode) continue;
+    std::size_t at = slot.hash & (slots_.size() - 1);
+    while (slots_[at].id != kNoNode) at = (at + 1) & (slots_.size() - 1);
+    slots_[at] = slot;
+  }
+}
+
+}  // namespace klepur::internal

@@ -1,0 +1,47 @@
+// Internal: a table from keys to nodes that follows the edits of a document.
+#ifndef KLEPUR_DOCUMENT_NODE_INDEX_H
+#define KLEPUR_DOCUMENT_NODE_INDEX_H
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include <klepur/document/syntax_tree.h>
+
+namespace klepur::internal {
+
+/// Tells which nodes may have a key. What was once entered is never taken out: whoever asks compares each
+/// node with what is sought, so that an entry of a node that is gone, or has another key now, is no harm.
+class NodeIndex {
+ public:
+  /// What a node is entered under: any number of hashes of keys.
+  using Enter = std::function<void(std::uint64_t hash)>;
+  using KeysOf = std::function<void(NodeId, const Enter&)>;
+
+  /// Enters all nodes, or those that changed since the last time. Cost: linear in what is entered.
+  void Update(const SyntaxTree& tree, const KeysOf& keys_of);
+  /// The nodes that were entered under this hash and perhaps some others, each once.
+  std::vector<NodeId> Candidates(std::uint64_t hash) const;
+
+  static std::uint64_t HashOf(std::string_view key, std::uint64_t seed = 0);
+
+ private:
+  struct Slot {
+    std::uint32_t hash = 0;
+    NodeId id = kNoNode;
+  };
+  void Insert(std::uint32_t hash, NodeId id);
+  void Grow();
+
+  std::vector<Slot> slots_;
+  std::size_t used_ = 0;
+  std::size_t seen_ = 0;  ///< How many of the tree's notes were looked at.
+  std::size_t generation_ = 0;
+  bool made_ = false;
+};
+
+}  // namespace klepur::internal
+
+#endif

@@ -1,0 +1,119 @@
+#include <klepur/document/node_text.h>
+
+#include <algorithm>
+#include <cstdint>
+
+#include <klepur/document/document.h>
+#include <klepur/document/structure_words.h>
+#include <klepur/document/words_of_text.h>
+#include <klepur/text/letters.h>
+
+namespace klepur {
+
+std::string Quoted(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char byte : text) {
+    if (byte == '"' || byte == '\\') quoted += '\\';
+    quoted += byte;
+  }
+  return quoted + '"';
+}
+
+}  // namespace klepur
+
+namespace klepur::internal {
+namespace {
+
+void AppendSmall(std::string& text, std::string_view word) {
+  if (!text.empty()) text += ' ';
+  std::transform(word.begin(), word.end(), std::back_inserter(text), ToSmallLetter);
+}
+
+bool IsPunctuation(std::string_view word) {
+  return word == ";" || word == "{" || word == "}";
+}
+
+/// Walks over the key words of a text, giving each to `use`.
+template <class Use>
+WordsOfText OverKey(std::string_view text, const Use& use) {
+  WordsOfText words(text);
+  const std::string_view first = words.Next();
+  if (first.empty()) return words;
+  use(first);
+  for (std::uint8_t count = WordOf(NumberOf(first)).key_words; count > 1; --count) {
+    const WordsOfText before = words;
+    const std::string_view word = words.Next();
+    if (word.empty() || IsPunctuation(word)) return before;
+    use(word);
+  }
+  return words;
+}
+
+}  // namespace
+
+std::string KeyOf(std::string_view text) {
+  std::string key;
+  OverKey(text, [&](std::string_view word) { AppendSmall(key, word); });
+  return key;
+}
+
+std::string NormalKey(std::string_view key) {
+  std::string normal;
+  WordsOfText words(key);
+  for (std::string_view word = words.Next(); !word.empty(); word = words.Next()) {
+    AppendSmall(normal, word);
+  }
+  return normal;
+}
+
+std::size_t KeySize(std::string_view text) {
+  const WordsOfText behind = OverKey(text, [](std::string_view) {});
+  return text.size() - behind.Rest().size();
+}
+
+std::string NormalWords(std::string_view text) {
+  std::string normal;
+  WordsOfText words(text);
+  for (std::string_view word = words.Next(); !word.empty(); word = words.Next()) {
+    if (!normal.empty()) normal += ' ';
+    normal += Unquoted(word);
+  }
+  return normal;
+}
+
+std::string NameIn(std::string_view header) {
+  return NormalWords(header.substr(KeySize(header)));
+}
+
+bool IsQuotedName(std::string_view header) {
+  return FirstWord(header.substr(KeySize(header))).substr(0, 1) == "\"";
+}
+
+ValuePlace ValueIn(std::string_view statement) {
+  std::string_view text = statement;
+  if (!text.empty() && text.back() == ';') text.remove_suffix(1);
+  const std::size_t key = KeySize(text);
+  const std::string_view rest = text.substr(key);
+  const std::string_view first = FirstWord(rest);
+  if (first.empty()) return {key, key};
+  return {static_cast<std::size_t>(first.data() - statement.data()),
+          key + UpToLastWord(rest).size()};
+}
+
+std::string Unquoted(std::string_view word) {
+  if (word.size() < 2 || word.front() != '"' || word.back() != '"') return std::string(word);
+  std::string text;
+  for (std::size_t i = 1; i + 1 < word.size(); ++i) {
+    if (word[i] == '\\' && i + 2 < word.size()) ++i;
+    text += word[i];
+  }
+  return text;
+}
+
+bool IsBareWord(std::string_view word) {
+  return !word.empty() && std::all_of(word.begin(), word.end(), [](char byte) {
+    return IsWordByte(byte) || byte == '.' || byte == ':' || byte == '/';
+  });
+}
+
+}  // namespace klepur::internal

@@ -1,0 +1,117 @@
+#include <klepur/network/hex_bytes.h>
+
+#include <klepur/network/value_words.h>
+
+#include <algorithm>
+
+namespace klepur::internal {
+namespace {
+
+/// Fills a room, as far as it goes.
+class ByteWriter {
+ public:
+  explicit ByteWriter(ByteRoom room) : room_(room) {}
+
+  bool Append(int byte) {
+    if (byte < 0 || count_ == room_.size) return false;
+    room_.bytes[count_++] = static_cast<unsigned char>(byte);
+    return true;
+  }
+
+  std::size_t Count() const { return count_; }
+
+ private:
+  ByteRoom room_;
+  std::size_t count_ = 0;
+};
+
+/// Takes the digits of one number of a list; -1 when there is none or it is no byte.
+int TakeOctet(std::string_view& text) {
+  int value = -1;
+  while (!text.empty() && HexDigitValue(text.front()) >= 0) {
+    value = std::max(value, 0) * 16 + HexDigitValue(text.front());
+    if (value > 0xff) return -1;
+    text.remove_prefix(1);
+  }
+  return value;
+}
+
+std::string_view Trimmed(std::string_view text) {
+  while (!text.empty() && IsValueBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsValueBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+/// The value of a text of one or two digits; -1 for any other.
+int ShortGroupValue(std::string_view digits) {
+  if (digits.size() > 2) return -1;
+  const int value = TakeOctet(digits);
+  return digits.empty() ? value : -1;
+}
+
+bool ReadPairs(std::string_view digits, ByteWriter& out) {
+  if (digits.empty() || digits.size() % 2 != 0) return false;
+  for (; !digits.empty(); digits.remove_prefix(2)) {
+    if (!out.Append(ShortGroupValue(digits.substr(0, 2)))) return false;
+  }
+  return true;
+}
+
+bool ReadGroups(std::string_view text, char separator, ByteWriter& out) {
+  const std::size_t firstSize = text.find(separator);
+  for (;;) {
+    const std::string_view group = text.substr(0, text.find(separator));
+    const bool isRead = firstSize <= 2 ? out.Append(ShortGroupValue(group))
+                                       : group.size() == firstSize && ReadPairs(group, out);
+    if (!isRead) return false;
+    if (group.size() == text.size()) return true;
+    text.remove_prefix(group.size() + 1);
+  }
+}
+
+std::optional<std::size_t> CountIf(bool isRead, const ByteWriter& out) {
+  return isRead ? std::optional<std::size_t>(out.Count()) : std::nullopt;
+}
+
+}  // namespace
+
+int HexDigitValue(char c) noexcept {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  return -1;
+}
+
+std::optional<std::size_t> ReadHexList(std::string_view text, ByteRoom room) noexcept {
+  ByteWriter out(room);
+  for (;;) {
+    text = WithoutLeadingBlanks(text);
+    if (!out.Append(TakeOctet(text))) return std::nullopt;
+    text = WithoutLeadingBlanks(text);
+    if (text.empty()) return out.Count();
+    if (text.front() != ':') return std::nullopt;
+    text.remove_prefix(1);
+  }
+}
+
+std::optional<std::size_t> ReadTypedHex(std::string_view text, ByteRoom room) noexcept {
+  text = Trimmed(text);
+  ByteWriter out(room);
+  const std::size_t separator = text.find_first_of(":-. ");
+  if (separator == std::string_view::npos) return CountIf(ReadPairs(text, out), out);
+  return CountIf(ReadGroups(text, text[separator], out), out);
+}
+
+std::string HexList(const unsigned char* bytes, std::size_t count) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  std::string text;
+  text.reserve(3 * count);
+  for (std::size_t i = 0; i < count; ++i) {
+    if (i > 0) text += ':';
+    text += kDigits[bytes[i] / 16];
+    text += kDigits[bytes[i] % 16];
+  }
+  return text;
+}
+
+}  // namespace klepur::internal
