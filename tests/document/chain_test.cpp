@@ -197,7 +197,7 @@ TEST_P(Chain, IfIsAddedBehindTheLastOne) {
       "group {\n"
       "}\n");
   Node added;
-  Edit([&] { added = Root().Add("if unknown {\nfilename \"c\";\n}\nelse {\nfilename \"d\";\n}"); });
+  Edit([&] { added = Root().Add("if unknown {\nfilename \"c\";\n} else {\nfilename \"d\";\n}"); });
   EXPECT_EQ(Text(),
             "if known {\n"
             "  filename \"a\";\n"

@@ -134,25 +134,25 @@ TEST_P(Findings, MissingSemicolonSpoilsOneStatement) {
   const struct {
     const char* text;
     const char* tree;
-    std::size_t line;  ///< Of the statement's end; the server names the next word's.
+    std::size_t line;  ///< Of the next word, or of the last one where none follows.
   } cases[] = {
       {"max-lease-time 600\nmin-lease-time 60;\nhost a { }\n",
-       "max-lease-time: 600\nmin-lease-time: 60\n[host a]\n", 1},
+       "max-lease-time: 600\nmin-lease-time: 60\n[host a]\n", 2},
       {"group {\n  max-lease-time 600\n}\nhost a { }\n",
-       "[group]\n  max-lease-time: 600\n[host a]\n", 2},
+       "[group]\n  max-lease-time: 600\n[host a]\n", 3},
       {"max-lease-time 600\nhost a {\n  fixed-address 10.0.0.1;\n}\nauthoritative;\n",
-       "max-lease-time: 600\n[host a]\n  fixed-address: 10.0.0.1\nauthoritative\n", 1},
+       "max-lease-time: 600\n[host a]\n  fixed-address: 10.0.0.1\nauthoritative\n", 2},
       {"host a { fixed-address 10.0.0.1 }\nhost b { }\n",
        "[host a]\n  fixed-address: 10.0.0.1\n[host b]\n", 1},
       {"option routers 10.0.0.1\n  # the other\noption domain-name \"a\";\nhost b { }\n",
-       "option routers: 10.0.0.1\n", 1},
-      {"authoritative\nmax-lease-time 600;\n", "authoritative\nmax-lease-time: 600\n", 1},
+       "option routers: 10.0.0.1\n", 3},
+      {"authoritative\nmax-lease-time 600;\n", "authoritative\nmax-lease-time: 600\n", 2},
       {"max-lease-time 600", "max-lease-time: 600\n", 1},
       {"option domain-name \"a\"\noption routers 10.0.0.1;\n",
-       "option domain-name: \"a\"\noption routers: 10.0.0.1\n", 1},
+       "option domain-name: \"a\"\noption routers: 10.0.0.1\n", 2},
       {"allow unknown-clients\nif known { }\nelse { }\n",
-       "allow unknown-clients\n[if known]\n[else]\n", 1},
-      {"include \"a\"\ninclude \"b\";\n", "include: \"a\"\ninclude: \"b\"\n", 1},
+       "allow unknown-clients\n[if known]\n[else]\n", 2},
+      {"include \"a\"\ninclude \"b\";\n", "include: \"a\"\ninclude: \"b\"\n", 2},
   };
   for (const auto& [text, tree, line] : cases) {
     Given(text);
@@ -284,10 +284,10 @@ TEST_P(Findings, FollowTheEdits) {
       "max-lease-time 600\n"
       "authoritative;\n");
   Edit([&] { Root().Add("min-lease-time 60;", Placement::Before(Find("host a"))); });
-  EXPECT_EQ(FindingsText(Doc()).substr(0, 62),
+  EXPECT_EQ(FindingsText(Doc()).substr(0, 58),
             "2:11 error semicolon behind block\n"
             "3:1 error stray brace\n"
-            "4:");
+            "5:");
   EXPECT_EQ(Codes(), "semicolon behind block, stray brace, missing semicolon");
   Edit([&] { Root().Set("max-lease-time", "7200"); });
   Edit([&] { Find("host a").Remove(); });

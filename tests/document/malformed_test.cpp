@@ -98,7 +98,13 @@ TEST_P(Malformed, QuoteThatWouldCloseAnOpenOneIsRefused) {
   Given(
       "option domain-name \"a;\n"
       "authoritative;\n");
-  EXPECT_EQ(Refused([&] { Root().Add("filename \"b\";", Placement::Last()); }), "malformed");
+  EXPECT_EQ(Refused([&] { Root().Add("filename \" b\";", Placement::Last()); }), "malformed");
+  Edit([&] { Root().Add("filename \"b\";", Placement::Last()); });
+  EXPECT_EQ(Text(),
+            "option domain-name \"a;\n"
+            "authoritative;\n"
+            "filename \"b\";\n");
+  EXPECT_EQ(FindingsText(Doc()), "1:20 error unclosed quote\n");
 }
 
 TEST_P(Malformed, NothingCanBeAddedBehindABlockThatIsNeverClosed) {

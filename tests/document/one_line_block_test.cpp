@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "tests/document/document_test.h"
 
@@ -334,7 +336,7 @@ TEST_P(OneLineBlock, LosesItsLastStatementFirst) {
 }
 
 TEST_P(OneLineBlock, AddsAndLosesWithoutATrace) {
-  Given("host a { hardware ethernet 00:00:00:00:00:01; }\n");
+  Given("host a { hardware ethernet 00:01; }\n");
   Node host = Find("host a");
   Node one;
   Node two;
@@ -345,17 +347,48 @@ TEST_P(OneLineBlock, AddsAndLosesWithoutATrace) {
     three = host.Add("server-name \"s\";", Placement::First());
   });
   EXPECT_EQ(Text(),
-            "host a { server-name \"s\"; hardware ethernet 00:00:00:00:00:01; "
+            "host a { server-name \"s\"; hardware ethernet 00:01; "
             "fixed-address 10.0.0.1; next-server 10.0.0.5; }\n");
   Edit([&] { one.Remove(); });
   EXPECT_EQ(Text(),
-            "host a { server-name \"s\"; hardware ethernet 00:00:00:00:00:01; "
+            "host a { server-name \"s\"; hardware ethernet 00:01; "
             "next-server 10.0.0.5; }\n");
   Edit([&] {
     three.Remove();
     two.Remove();
   });
   EXPECT_EQ(Text(), First());
+}
+
+TEST_P(OneLineBlock, ThatGotTooLongClosesInAnyOrder) {
+  Given(
+      "group {\n"
+      "  filename \"a\";\n"
+      "}\n"
+      "host a { hardware ethernet 00:00:00:00:00:01; }\n");
+  const std::string name(40, 'x');
+  Node host = Find("host a");
+  std::vector<int> order = {0, 1, 2};
+  do {
+    std::vector<Node> added;
+    added.push_back(host.Add("fixed-address 10.0.0.1;"));
+    added.push_back(host.Add("option host-name \"" + name + "\";"));
+    added.push_back(host.Add("server-name \"s\";", Placement::First()));
+    ASSERT_EQ(Text(),
+              "group {\n"
+              "  filename \"a\";\n"
+              "}\n"
+              "host a {\n"
+              "  server-name \"s\";\n"
+              "  hardware ethernet 00:00:00:00:00:01;\n"
+              "  fixed-address 10.0.0.1;\n"
+              "  option host-name \"" +
+                  name +
+                  "\";\n"
+                  "}\n");
+    for (const int which : order) added[static_cast<std::size_t>(which)].Remove();
+    ASSERT_EQ(Text(), First()) << order[0] << order[1] << order[2];
+  } while (std::next_permutation(order.begin(), order.end()));
 }
 
 // Several on a line.

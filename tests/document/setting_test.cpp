@@ -217,7 +217,7 @@ TEST_P(Setting, HeaderIsReplacedAndPutBack) {
 
 TEST_P(Setting, HeadersThatAreNoneAreRefused) {
   Given("host a { }\n");
-  for (const char* const header : {"host b {", "host b; host c", "host \"b", "host b # c", ""}) {
+  for (const char* const header : {"host b {", "host b; host c", "host \"b", ""}) {
     const std::string text = header;
     EXPECT_EQ(Refused([&] { Find("host a").SetHeader(text); }), "bad text") << text;
   }

@@ -146,9 +146,9 @@ TEST_P(SeveralEdits, AddedInOneOrderAndRemovedInAnother) {
     added.push_back(group.Add("max-lease-time 600;"));
     added.push_back(group.Add("host q { fixed-address 10.0.0.10; }"));
     added.push_back(group.Add("next-server 10.0.0.5;", Placement::First()));
-    added.push_back(group.Add("# spare\nhost r { fixed-address 10.0.0.11; } # r",
-                              Placement::Before(Find("host p"))));
-    added.push_back(Root().Add("min-lease-time 60;"));
+    added.push_back(group.Add("host r { fixed-address 10.0.0.11; } # r",
+                              Placement::Before(Find("host p")).WithComment("spare")));
+    added.push_back(Root().Add("min-lease-time 60;", Placement::Last()));
     ASSERT_EQ(Text(),
               "group {\n"
               "  next-server 10.0.0.5;\n"
@@ -195,6 +195,22 @@ TEST_P(SeveralEdits, ValuesSetAndSetBackInAnyOrder) {
     for (const std::size_t which : order) group.Set(keywords[which], values[which]);
     ASSERT_EQ(Text(), First());
   } while (std::next_permutation(order.begin(), order.end()));
+}
+
+TEST_P(SeveralEdits, ThatGiveTheFirstTextAreNoChange) {
+  Given(kHosts);
+  const Document::Mark mark = Doc().GetMark();
+  Find("host a").Set("next-server", "10.0.0.15");
+  EXPECT_TRUE(Doc().IsChanged());
+  Find("host a").Set("next-server", "10.0.0.5");
+  EXPECT_EQ(Text(), First());
+  EXPECT_FALSE(Doc().IsChanged());
+  Find("host a").Set("next-server", "10.0.0.5");
+  EXPECT_FALSE(Doc().IsChanged());
+  Find("host a").Remove();
+  EXPECT_TRUE(Doc().IsChanged());
+  Doc().RollBack(mark);
+  EXPECT_FALSE(Doc().IsChanged());
 }
 
 TEST_P(SeveralEdits, TenThousandAreMadeAndTakenBack) {
