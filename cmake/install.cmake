@@ -1,4 +1,4 @@
-# Where "cmake --install" puts the library, its headers, its CMake package and its pkg-config file.
+# Where "cmake --install" puts the library, its headers, its CMake package, its pkg-config file and the licence.
 include(CMakePackageConfigHelpers)
 
 install(TARGETS klepur EXPORT klepur-targets FILE_SET HEADERS)
@@ -14,3 +14,5 @@ install(FILES ${PROJECT_SOURCE_DIR}/cmake/klepur-config.cmake
 file(RELATIVE_PATH KLEPUR_PC_TO_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/klepur.pc.in ${PROJECT_BINARY_DIR}/klepur.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/klepur.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})

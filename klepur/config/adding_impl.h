@@ -18,13 +18,13 @@ template <class Vocabulary>
 int ConfigFile<Vocabulary>::AddSection(const Section& section) {
   if (!IsReady() || internal::ValueOfType(section.params, internal::kNameType).empty()) return 0;
   switch (section.type) {
-    case SectionTypes::SECTION_SHARED_NETWORK:
+    case Section::SECTION_SHARED_NETWORK:
       return AddNetwork(section);
-    case SectionTypes::SECTION_SUBNET:
+    case Section::SECTION_SUBNET:
       return AddSubnet(section);
-    case SectionTypes::SECTION_HOST:
+    case Section::SECTION_HOST:
       return AddHost(section);
-    case SectionTypes::SECTION_IF:
+    case Section::SECTION_IF:
       return AddIFSection(section);
     default:
       return 0;
@@ -44,22 +44,22 @@ int ConfigFile<Vocabulary>::AddNetwork(const Section& section) {
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::AddSubnet(const Section& section) {
   const std::string address = internal::SubnetAddressOf<Vocabulary>(section);
-  const std::string header = Header(SectionTypes::SECTION_SUBNET, address);
+  const std::string header = Header(Section::SECTION_SUBNET, address);
   TreeNode* const scope = currentNetwork != nullptr ? currentNetwork : Root();
   TreeNode* const existing = GetTreeItemBySectionAt(header.c_str(), currentNetwork);
   if (existing != nullptr && ParentOf(existing) == scope) return 0;
   if (!ConvertAndAdd(section, currentNetwork)) return 0;
-  return GotoSection(address.c_str(), SectionTypes::SECTION_SUBNET) ? 1 : 0;
+  return GotoSection(address.c_str(), Section::SECTION_SUBNET) ? 1 : 0;
 }
 
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::AddHost(const Section& section) {
-  return AddBelowSubnet(section, SectionTypes::SECTION_HOST);
+  return AddBelowSubnet(section, Section::SECTION_HOST);
 }
 
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::AddIFSection(const Section& section) {
-  return AddBelowSubnet(section, SectionTypes::SECTION_IF);
+  return AddBelowSubnet(section, Section::SECTION_IF);
 }
 
 template <class Vocabulary>

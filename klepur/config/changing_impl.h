@@ -20,7 +20,7 @@ int ConfigFile<Vocabulary>::ChangeTreeSection(const Section& section, CfSection*
                                               const char* newName) {
   if (target == nullptr) return 0;
   const internal::TreeIndex::Edit edit(holder == nullptr ? nullptr : &Index(), *target);
-  if (newName != nullptr && section.type != SectionTypes::SECTION_GLOBAL &&
+  if (newName != nullptr && section.type != Section::SECTION_GLOBAL &&
       !Rename(*target, section.type, newName)) {
     return 0;
   }
@@ -71,17 +71,17 @@ CfSection* ConfigFile<Vocabulary>::ChooseBlock(const Section& section) {
   if (!IsReady()) return nullptr;
   TreeNode* block = nullptr;
   switch (section.type) {
-    case SectionTypes::SECTION_GLOBAL:
+    case Section::SECTION_GLOBAL:
       block = Root();
       break;
-    case SectionTypes::SECTION_SHARED_NETWORK:
+    case Section::SECTION_SHARED_NETWORK:
       block = currentNetwork;
       break;
-    case SectionTypes::SECTION_SUBNET:
+    case Section::SECTION_SUBNET:
       block = currentSubnet;
       break;
-    case SectionTypes::SECTION_HOST:
-    case SectionTypes::SECTION_IF:
+    case Section::SECTION_HOST:
+    case Section::SECTION_IF:
       if (currentSubnet == nullptr) return nullptr;
       block = FindBlock(section.type,
                         internal::ValueOfType(section.params, internal::kNameType).c_str());

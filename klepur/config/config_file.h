@@ -19,24 +19,28 @@ namespace klepur {
 ///
 /// **Two cursors** stand for where the caller is. `currentNetwork` is the shared network whose
 /// blocks are being walked, or null at the top level. `currentSubnet` is a block below it or,
-/// without one, a top-level block; hosts and if blocks are looked for, added and removed below it.
+/// without one, a top-level block; hosts and if blocks are looked for, added and removed in it.
 /// Each operation says how it moves them; where it says nothing, and on every failure unless it
 /// says so, they stay. A cursor that stands on or in a block that is removed, and is not moved
 /// elsewhere, becomes null.
 ///
 /// **Names.** A block's header is its name in the tree: "host pc-17". Headers are compared whole,
 /// byte for byte, so the spacing of the file counts. A "bare name" is the header without its
-/// keyword: "pc-17".
+/// keyword: "pc-17". A blank, in headers and in lines, is a space, not a tab.
+///
+/// **Looking from a block on** means the block itself first, then everything nested in it, in file
+/// order; the first block with the header is the one found. So a cursor that stands on a "host a"
+/// hides the hosts of that name in it.
 ///
 /// **Results.** Operations that return bool or int return true or 1 for success, false or 0 for
-/// failure or a miss. They log nothing and throw nothing but std::bad_alloc and what they name. A
-/// record or text that is to be filled is left as it was on failure. A null where a text or record
-/// is wanted fails.
+/// failure or a miss. They throw nothing but std::bad_alloc and what they name. Only Open and
+/// ReadDhcpConfigFile log: what kept the file from being read. A record or text that is to be
+/// filled is left as it was on failure. A null where a text or record is wanted fails.
 ///
-/// **Before the first Open** every operation that looks for a block fails. AddNetwork, AddHost,
-/// AddIFSection and AddTreeSection do not ask whether there is a file: they begin a tree whose top
-/// level is the new block, Save writes that block alone, and Open then reads the file behind it.
-/// Call AddSection, which refuses.
+/// **Before the first Open** every operation that looks for a block fails. AddNetwork, AddSubnet,
+/// AddHost, AddIFSection and AddTreeSection do not ask whether there is a file: they begin a tree
+/// with the new block in the root section's place and return what they do in a file, Save writes
+/// that block, and Open then reads the file behind it. Call AddSection, which refuses.
 ///
 /// **Cost.** Looking for a block, by its header or by a line of it, takes as long in a large file
 /// as in a small one, and so do stepping to the next block, adding, changing and removing one: what
@@ -49,7 +53,8 @@ template <class Vocabulary>
 class ConfigFile {
  public:
   using Section = SectionRecord<Vocabulary>;
-  using SectionType = SectionTypes::SectionType;
+  using SectionType = typename Section::SectionType;
+  using SectionParam = typename Section::SectionParam;
   using TreeNode = Tree<CfSection>::TreeNode;
 
   // ---- Lifecycle ----
@@ -58,8 +63,8 @@ class ConfigFile {
   ConfigFile();
 
   /// The configuration file at the path `fileName`: "/etc/dhcp/dhcpd.conf". It is not read yet. A
-  /// null or empty name is none.
-  explicit ConfigFile(const char* fileName);
+  /// null or empty name is none. A path converts to its file: DhcpConfigFile file = path.
+  ConfigFile(const char* fileName);  // NOLINT(google-explicit-constructor): callers convert paths
 
   ConfigFile(const ConfigFile&) = delete;
   ConfigFile& operator=(const ConfigFile&) = delete;
@@ -128,11 +133,12 @@ class ConfigFile {
   /// \return true.
   ///
   /// How a value is read from its line is said at the parameter type. Odd lines give odd values,
-  /// never an error: a list without an address gives "wrong value"; of a value with blanks the last
-  /// word is read, so "option routers;" gives "routers" and "ping-check ;" an empty text. A line
-  /// that wants an argument and holds no blank or no ";" gets the value of the parameter read
-  /// before it in the block, or the block's name; a quoted value loses a character at each end even
-  /// then.
+  /// never an error. A list of which GetNameServers reads no element gives "wrong value": in DHCPv4
+  /// a line without a digit, in DHCPv6 one with nothing between its first blank and the ";". Of a
+  /// value with blanks the last word is read, so "option routers;" gives "routers" and
+  /// "ping-check ;" an empty text. A line that wants an argument and holds no blank or no ";" gets
+  /// the value of the parameter read before it in the block, or the block's name; a quoted value
+  /// loses a character at each end even then.
   bool TreeToDhcp(const CfSection& section, Section& record, bool rawEntries);
 
   /// Puts a record into tree form: the name parameter becomes the whole header, each other
@@ -213,7 +219,7 @@ class ConfigFile {
   /// - SECTION_SHARED_NETWORK, SECTION_SUBNET: the next sibling, whatever its kind, of the cursor,
   ///   which moves onto it. Nothing of `current` but its type counts. False at the last one.
   /// - SECTION_HOST, SECTION_IF: the next sibling whose header holds "host " ("if ") behind the
-  ///   block that `current` names; this is looked for below `currentSubnet`.
+  ///   block that `current` names; this is looked for from `currentSubnet` on.
   /// - Any other kind: false.
   ///
   /// `current` and `next` may be the same record.
@@ -224,9 +230,9 @@ class ConfigFile {
   /// - SECTION_GLOBAL: both cursors become null. `name` may be null.
   /// - SECTION_SHARED_NETWORK: looked for in the whole file; becomes `currentNetwork`, and its
   ///   first block (or null) becomes `currentSubnet`.
-  /// - SECTION_SUBNET: looked for below `currentNetwork`, or in the whole file without one; becomes
-  ///   `currentSubnet`.
-  /// - SECTION_HOST, SECTION_IF: only tells whether there is one below `currentSubnet`, or in the
+  /// - SECTION_SUBNET: looked for from `currentNetwork` on, or in the whole file without one;
+  ///   becomes `currentSubnet`.
+  /// - SECTION_HOST, SECTION_IF: only tells whether there is one from `currentSubnet` on, or in the
   ///   whole file without one.
   ///
   /// \param name  the header behind its keyword: "office", or for a DHCPv4 subnet "10.0.0.0 netmask
@@ -237,14 +243,15 @@ class ConfigFile {
   ///
   /// As GotoSection, with these differences: SECTION_GLOBAL fetches the root section and moves
   /// nothing; a shared network leaves `currentSubnet` where it was; the other kinds want a
-  /// `currentSubnet`, a subnet too, although it is looked for below `currentNetwork`; an empty name
-  /// is looked for like any other.
+  /// `currentSubnet`, a subnet too, although it is looked for from `currentNetwork` on; an empty
+  /// name is looked for like any other.
   bool GetSectionByName(Section& section, const char* name);
 
   // ---- Lookup below the current subnet ----
 
   /// Fetches the first block straight below `currentSubnet` that holds exactly the line `keyname`:
-  /// "fixed-address 10.0.0.5;". Any kind of block may be found.
+  /// "fixed-address 10.0.0.5;". Any kind of block may be found, and a commented-out line counts
+  /// like a live one, here and in the three lookups that follow.
   bool GetSectionByKeyname(const char* keyname, Section& section, bool rawEntries);
 
   /// GetSectionByKeyname with the host name statement for `name`: option host-name "pc1"; in
@@ -271,8 +278,8 @@ class ConfigFile {
 
   /// Adds a shared network at the end of the file and moves the cursors as GotoSection does.
   ///
-  /// \return 0 when some block's whole header is the bare name, when DhcpToTree or AddTreeSection
-  ///         fails, and when the block is not found again.
+  /// \return 0 when some block's whole header, that of the root section included, is the bare name,
+  ///         when DhcpToTree or AddTreeSection fails, and when the block is not found again.
   ///
   /// A second network of the same name is not refused: it is added, and the cursors move to the
   /// older one.
@@ -285,9 +292,11 @@ class ConfigFile {
   /// The address is the name up to the first ","; without one, in DHCPv4, up to the first ":";
   /// without that, up to the first blank; else all of it.
   ///
-  /// \return 0 when a subnet whose header is the keyword and the address stands at that level
-  ///         already; when DhcpToTree or AddTreeSection fails; and when GotoSection does not find
-  ///         the address.
+  /// \return 0 when the first block whose header is the keyword and the address, looked for from
+  ///         `currentNetwork` on or in the whole file, stands at the level to which the new one is
+  ///         added; one that stands elsewhere is not in the way and hides those behind it. 0 also
+  ///         when DhcpToTree or AddTreeSection fails, and when GotoSection does not find the
+  ///         address.
   ///
   /// DHCPv4 headers hold more than the address, so for a name with a mask neither search finds
   /// anything: an existing subnet of that address is not noticed, and the result is 0 although the
@@ -299,9 +308,10 @@ class ConfigFile {
 
   /// Adds a host below `currentSubnet`, or at the end of the file without one.
   ///
-  /// \return 0 when the first host of that name in `currentSubnet` stands straight below it, or
-  ///         when DhcpToTree or AddTreeSection fails. A second host of the same name is not refused
-  ///         without a `currentSubnet`, nor when the first one is nested deeper.
+  /// \return 0 when the first host of that name, looked for from `currentSubnet` on, stands
+  ///         straight below it, or when DhcpToTree or AddTreeSection fails. A second host of the
+  ///         same name is not refused without a `currentSubnet`, nor when the first one is nested
+  ///         deeper or is `currentSubnet` itself.
   int AddHost(const Section& section);
 
   /// Adds an if block; otherwise as AddHost.
@@ -346,8 +356,8 @@ class ConfigFile {
   ///         by hand: what stands before that block is then gone, and the cursors have moved.
   int RemoveNetwork(const char* name);
 
-  /// Removes the first subnet whose header is the keyword and `name`, looked for below
-  /// `currentNetwork`, or in the whole file without one.
+  /// Removes the first subnet whose header is the keyword and `name`, looked for from
+  /// `currentNetwork` on, or in the whole file without one.
   /// \param name  as for GotoSection: "10.0.0.0 netmask 255.0.0.0".
   ///
   /// When it is `currentSubnet`, that cursor moves to the first block of `currentNetwork` (of the
@@ -359,8 +369,8 @@ class ConfigFile {
 
   /// Removes the host of this bare name from `currentSubnet`.
   ///
-  /// \return 1; 0 without a `currentSubnet`, and when the first host of that name that stands below
-  ///         it is not straight below it.
+  /// \return 1; 0 without a `currentSubnet`, and when the first host of that name, looked for from
+  ///         it on, does not stand straight below it.
   int RemoveHostSection(const char* name);
 
   /// Removes an if block; otherwise as RemoveHostSection.
@@ -370,15 +380,15 @@ class ConfigFile {
 
   // The block is chosen by the record's type: SECTION_GLOBAL is the root section; a shared network
   // is the one on `currentNetwork` and a subnet the block on `currentSubnet`, whatever the record's
-  // name is; a host or if block is the first of the record's name below `currentSubnet`, however
-  // deep.
+  // name is; a host or if block is the first of the record's name from `currentSubnet` on.
   //
   // Nothing is rolled back: on failure the name and the lines that were changed by then stay
   // changed.
 
   /// Merges a record into its block: rewrites the lines of the record's types, appends those the
   /// block lacks, removes those whose new value is empty, and leaves every other line where and as
-  /// it was.
+  /// it was. Of several parameters of a type that the block lacks each one appends a line, and all
+  /// these lines are the one that DhcpToTree makes of the type.
   ///
   /// \param section  values in the form of DhcpToTree.
   /// \param newName  the new bare name, or null to keep the name; ignored for SECTION_GLOBAL.
@@ -409,8 +419,9 @@ class ConfigFile {
   // ---- Subnet queries ----
 
   /// Fills `subnet` with the address in the header of the block on `currentSubnet`: "10.0.0.0".
-  /// That is the text between the first blank and " netmask ", or the end when there is none, as in
-  /// DHCPv6: "2001:db8:1::/64". The kind of the block plays no part.
+  /// That is the text behind the first blank, all of it in a header without one, up to the first
+  /// " netmask "; up to the end when there is none, as in DHCPv6, "2001:db8:1::/64", or when it
+  /// begins at that very blank. The kind of the block plays no part.
   /// \return 1, or 0 without a `currentSubnet`.
   int GetSubnet(std::string& subnet);
 

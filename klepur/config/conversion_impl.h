@@ -24,20 +24,24 @@ namespace internal {
 
 /// A block's name as the record has it.
 template <class Vocabulary>
-std::string NameFromHeader(const std::string& header, SectionTypes::SectionType type) {
-  if (type == SectionTypes::SECTION_SUBNET) return FamilyWords<Vocabulary>::SubnetName(header);
+std::string NameFromHeader(const std::string& header,
+                           typename SectionTypes<Vocabulary>::SectionType type) {
+  using Types = SectionTypes<Vocabulary>;
+  if (type == Types::SECTION_SUBNET) return FamilyWords<Vocabulary>::SubnetName(header);
   std::string name = header;
-  if (type != SectionTypes::SECTION_GLOBAL) TextBehindFirstBlank(header, name);
+  if (type != Types::SECTION_GLOBAL) TextBehindFirstBlank(header, name);
   return name;
 }
 
 /// A block's header from its name; false when the name cannot make one.
 template <class Vocabulary>
-bool MakeHeader(const std::string& name, SectionTypes::SectionType type, std::string& header) {
+bool MakeHeader(const std::string& name, typename SectionTypes<Vocabulary>::SectionType type,
+                std::string& header) {
+  using Types = SectionTypes<Vocabulary>;
   using Words = FamilyWords<Vocabulary>;
-  if (type == SectionTypes::SECTION_SUBNET) return Words::MakeSubnetHeader(name, header);
+  if (type == Types::SECTION_SUBNET) return Words::MakeSubnetHeader(name, header);
   const std::string_view prefix = PrefixOf(Words::kBlocks, type);
-  if (type == SectionTypes::SECTION_GLOBAL) {
+  if (type == Types::SECTION_GLOBAL) {
     header = kRootName;
   } else if (!prefix.empty()) {
     header.assign(prefix).append(name);
@@ -53,7 +57,7 @@ bool ConfigFile<Vocabulary>::TreeToDhcp(const CfSection& section, Section& recor
   using Words = internal::FamilyWords<Vocabulary>;
   const std::string header = section.GetName();
   record.params.clear();
-  record.type = internal::KindOf(Words::kBlocks, header);
+  record.type = static_cast<SectionType>(internal::KindOf(Words::kBlocks, header));
   // One text takes the name and then each value in turn: a line without a value leaves the last
   // one.
   std::string value = internal::NameFromHeader<Vocabulary>(header, record.type);

@@ -98,7 +98,7 @@ template <class Vocabulary>
 bool ConfigFile<Vocabulary>::PlaceCursorsOn(TreeNode* node) {
   const auto& blocks = internal::FamilyWords<Vocabulary>::kBlocks;
   if (node == nullptr ||
-      KindOf(blocks, node->section.GetName()) != SectionTypes::SECTION_SHARED_NETWORK) {
+      KindOf(blocks, node->section.GetName()) != Section::SECTION_SHARED_NETWORK) {
     return false;
   }
   currentNetwork = node;

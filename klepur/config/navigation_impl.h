@@ -17,14 +17,14 @@ template <class Vocabulary>
 bool ConfigFile<Vocabulary>::GetFirstSection(Section& section, bool rawEntries) {
   if (!HasTree()) return false;
   switch (section.type) {
-    case SectionTypes::SECTION_GLOBAL:
+    case Section::SECTION_GLOBAL:
       return Fetch(Root(), section, rawEntries);
-    case SectionTypes::SECTION_SHARED_NETWORK:
+    case Section::SECTION_SHARED_NETWORK:
       return MoveTo(FirstOfLevel(currentNetwork), currentNetwork, section, rawEntries);
-    case SectionTypes::SECTION_SUBNET:
+    case Section::SECTION_SUBNET:
       return MoveTo(FirstOfLevel(currentSubnet), currentSubnet, section, rawEntries);
-    case SectionTypes::SECTION_HOST:
-    case SectionTypes::SECTION_IF:
+    case Section::SECTION_HOST:
+    case Section::SECTION_IF:
       if (currentSubnet == nullptr) return false;
       return Fetch(internal::FirstChildHolding(*currentSubnet, Prefix(section.type)), section,
                    rawEntries);
@@ -37,12 +37,12 @@ bool ConfigFile<Vocabulary>::GetNextSection(const Section& current, Section& nex
                                             bool rawEntries) {
   if (!HasTree()) return false;
   switch (current.type) {
-    case SectionTypes::SECTION_SHARED_NETWORK:
+    case Section::SECTION_SHARED_NETWORK:
       return MoveTo(NextOfLevel(currentNetwork), currentNetwork, next, rawEntries);
-    case SectionTypes::SECTION_SUBNET:
+    case Section::SECTION_SUBNET:
       return MoveTo(NextOfLevel(currentSubnet), currentSubnet, next, rawEntries);
-    case SectionTypes::SECTION_HOST:
-    case SectionTypes::SECTION_IF:
+    case Section::SECTION_HOST:
+    case Section::SECTION_IF:
       return Fetch(NextOfKind(current), next, rawEntries);
     default:
       return false;
@@ -52,7 +52,7 @@ bool ConfigFile<Vocabulary>::GetNextSection(const Section& current, Section& nex
 template <class Vocabulary>
 bool ConfigFile<Vocabulary>::GotoSection(const char* name, SectionType type) {
   if (!IsReady()) return false;
-  if (type == SectionTypes::SECTION_GLOBAL) {
+  if (type == Section::SECTION_GLOBAL) {
     currentNetwork = nullptr;
     currentSubnet = nullptr;
     return true;
@@ -60,10 +60,10 @@ bool ConfigFile<Vocabulary>::GotoSection(const char* name, SectionType type) {
   if (name == nullptr || *name == '\0') return false;
   TreeNode* const found = FindBlock(type, name);
   if (found == nullptr) return false;
-  if (type == SectionTypes::SECTION_SHARED_NETWORK) {
+  if (type == Section::SECTION_SHARED_NETWORK) {
     currentNetwork = found;
     currentSubnet = internal::FirstChild(*found);
-  } else if (type == SectionTypes::SECTION_SUBNET) {
+  } else if (type == Section::SECTION_SUBNET) {
     currentSubnet = found;
   }
   return true;
@@ -73,13 +73,13 @@ template <class Vocabulary>
 bool ConfigFile<Vocabulary>::GetSectionByName(Section& section, const char* name) {
   if (!IsReady()) return false;
   const SectionType type = section.type;
-  if (type == SectionTypes::SECTION_GLOBAL) return Fetch(Root(), section, false);
+  if (type == Section::SECTION_GLOBAL) return Fetch(Root(), section, false);
   if (name == nullptr) return false;
-  if (type == SectionTypes::SECTION_SHARED_NETWORK) {
+  if (type == Section::SECTION_SHARED_NETWORK) {
     return MoveTo(FindBlock(type, name), currentNetwork, section, false);
   }
   if (currentSubnet == nullptr) return false;
-  if (type == SectionTypes::SECTION_SUBNET) {
+  if (type == Section::SECTION_SUBNET) {
     return MoveTo(FindBlock(type, name), currentSubnet, section, false);
   }
   return Fetch(FindBlock(type, name), section, false);
@@ -166,12 +166,12 @@ template <class Vocabulary>
 typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::FindBlock(SectionType type,
                                                                              const char* name) {
   switch (type) {
-    case SectionTypes::SECTION_SHARED_NETWORK:
+    case Section::SECTION_SHARED_NETWORK:
       return GetTreeItemBySectionAt(Header(type, name).c_str(), nullptr);
-    case SectionTypes::SECTION_SUBNET:
+    case Section::SECTION_SUBNET:
       return GetTreeItemBySectionAt(Header(type, name).c_str(), currentNetwork);
-    case SectionTypes::SECTION_HOST:
-    case SectionTypes::SECTION_IF:
+    case Section::SECTION_HOST:
+    case Section::SECTION_IF:
       return GetTreeItemBySectionAt(Header(type, name).c_str(), currentSubnet);
     default:
       return nullptr;

@@ -17,13 +17,13 @@ int ConfigFile<Vocabulary>::RemoveSection(const Section& section) {
   const std::string name = internal::ValueOfType(section.params, internal::kNameType);
   if (!IsReady() || name.empty()) return 0;
   switch (section.type) {
-    case SectionTypes::SECTION_SHARED_NETWORK:
+    case Section::SECTION_SHARED_NETWORK:
       return RemoveNetwork(name.c_str());
-    case SectionTypes::SECTION_SUBNET:
+    case Section::SECTION_SUBNET:
       return RemoveSubnetSection(internal::SubnetAddressOf<Vocabulary>(section).c_str());
-    case SectionTypes::SECTION_HOST:
+    case Section::SECTION_HOST:
       return RemoveHostSection(name.c_str());
-    case SectionTypes::SECTION_IF:
+    case Section::SECTION_IF:
       return RemoveIFSection(name.c_str());
     default:
       return 0;
@@ -33,7 +33,7 @@ int ConfigFile<Vocabulary>::RemoveSection(const Section& section) {
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::RemoveNetwork(const char* name) {
   if (name == nullptr) return 0;
-  TreeNode* const doomed = FindBlock(SectionTypes::SECTION_SHARED_NETWORK, name);
+  TreeNode* const doomed = FindBlock(Section::SECTION_SHARED_NETWORK, name);
   if (doomed == nullptr) return 0;
   if (doomed == currentNetwork) {
     TreeNode* const heir = HeirOf(*doomed, Root());
@@ -48,7 +48,7 @@ int ConfigFile<Vocabulary>::RemoveNetwork(const char* name) {
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::RemoveSubnetSection(const char* name) {
   if (name == nullptr) return 0;
-  TreeNode* const doomed = FindBlock(SectionTypes::SECTION_SUBNET, name);
+  TreeNode* const doomed = FindBlock(Section::SECTION_SUBNET, name);
   if (doomed == nullptr) return 0;
   if (doomed == currentSubnet) {
     TreeNode* const heir = HeirOf(*doomed, currentNetwork != nullptr ? currentNetwork : Root());
@@ -59,12 +59,12 @@ int ConfigFile<Vocabulary>::RemoveSubnetSection(const char* name) {
 
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::RemoveHostSection(const char* name) {
-  return RemoveBelowSubnet(name, SectionTypes::SECTION_HOST);
+  return RemoveBelowSubnet(name, Section::SECTION_HOST);
 }
 
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::RemoveIFSection(const char* name) {
-  return RemoveBelowSubnet(name, SectionTypes::SECTION_IF);
+  return RemoveBelowSubnet(name, Section::SECTION_IF);
 }
 
 template <class Vocabulary>

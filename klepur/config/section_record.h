@@ -9,7 +9,9 @@
 
 namespace klepur {
 
-/// The kinds of blocks. The numbers are fixed: they may be stored and compared as integers.
+/// The kinds of blocks. The numbers are fixed: they may be stored and compared as integers. Each
+/// vocabulary has an enumeration of its own, with the same numbers.
+template <class Vocabulary>
 struct SectionTypes {
   enum SectionType : int {
     SECTION_GLOBAL = 0,          ///< the outermost level, and any block that is of no kind below
@@ -20,7 +22,8 @@ struct SectionTypes {
   };
 };
 
-/// One statement of a block, or its name.
+/// One statement of a block, or its name. Each vocabulary has a type of its own.
+template <class Vocabulary>
 struct SectionParam {
   bool commented = false;  ///< The statement is commented out in the file.
   int type = -1;           ///< Which statement: one of the vocabulary's parameter types.
@@ -32,21 +35,23 @@ struct SectionParam {
 /// The block's name is the value of the first parameter of type 0 (PARAM_NAME, PARAM6_NAME).
 /// `Vocabulary` brings the parameter types of one address family. Records are plain values.
 template <class Vocabulary>
-struct SectionRecord : SectionTypes, Vocabulary {
-  using SectionParam = klepur::SectionParam;
+struct SectionRecord : SectionTypes<Vocabulary>, Vocabulary {
+  using SectionType = typename SectionTypes<Vocabulary>::SectionType;
+  using SectionParam = klepur::SectionParam<Vocabulary>;
 
   /// Which statement a line of a file is.
   ///
   /// The vocabulary's keywords are looked for one after the other, in a fixed order, anywhere in
   /// the line and with regard to letter case; the first one found decides. So a comment or a quoted
   /// text that holds a keyword counts as that statement: "not authoritative;" is "authoritative".
+  /// "IPLine" and "Special" count only in a line that holds a ";".
   ///
   /// \param line  a whole line with its ";": "option routers 10.0.0.1;".
   /// \return the parameter type, or -1 for a line that holds no keyword.
   static int GetStringType(const std::string& line);
 
   std::list<SectionParam> params;  ///< In the order in which they were read or added.
-  SectionType type = SECTION_HOST;
+  SectionType type = SectionTypes<Vocabulary>::SECTION_HOST;
 };
 
 }  // namespace klepur

@@ -80,13 +80,13 @@ std::string WriteLine(const Statement& statement, const std::string& value) {
   return line += ';';
 }
 
-SectionTypes::SectionType KindOf(const BlockTable& table, std::string_view header) {
+int KindOf(const BlockTable& table, std::string_view header) {
   const auto row = std::find_if(table.begin(), table.end(),
                                 [header](const BlockKind& it) { return Holds(header, it.prefix); });
-  return row == table.end() ? SectionTypes::SECTION_GLOBAL : row->type;
+  return row == table.end() ? kGlobalType : row->type;
 }
 
-std::string_view PrefixOf(const BlockTable& table, SectionTypes::SectionType type) {
+std::string_view PrefixOf(const BlockTable& table, int type) {
   const auto row = std::find_if(table.begin(), table.end(),
                                 [type](const BlockKind& it) { return it.type == type; });
   return row == table.end() ? std::string_view() : row->prefix;

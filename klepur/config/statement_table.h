@@ -57,27 +57,33 @@ void ReadValue(Form form, const std::string& line, ListStart listStart, std::str
 /// The line that carries a value.
 std::string WriteLine(const Statement& statement, const std::string& value);
 
-/// A row: one kind of block and what its header holds.
+/// The SectionType of a block of no other kind, in every vocabulary.
+inline constexpr int kGlobalType = 0;
+
+/// A row: one kind of block, a SectionType, and what its header holds.
 struct BlockKind {
-  SectionTypes::SectionType type;
+  int type;
   std::string_view prefix;
 };
 
 using BlockTable = std::array<BlockKind, 4>;
 
 /// The blocks in the order in which they are tried; only the subnet's keyword differs by family.
+template <class Vocabulary>
 constexpr BlockTable MakeBlockTable(std::string_view subnetPrefix) {
-  return {{{SectionTypes::SECTION_SHARED_NETWORK, "shared-network "},
-           {SectionTypes::SECTION_SUBNET, subnetPrefix},
-           {SectionTypes::SECTION_HOST, "host "},
-           {SectionTypes::SECTION_IF, "if "}}};
+  using Types = SectionTypes<Vocabulary>;
+  static_assert(Types::SECTION_GLOBAL == kGlobalType);
+  return {{{Types::SECTION_SHARED_NETWORK, "shared-network "},
+           {Types::SECTION_SUBNET, subnetPrefix},
+           {Types::SECTION_HOST, "host "},
+           {Types::SECTION_IF, "if "}}};
 }
 
-/// The kind of the first row that stands anywhere in the header; SECTION_GLOBAL when none does.
-SectionTypes::SectionType KindOf(const BlockTable& table, std::string_view header);
+/// The type of the first row that stands anywhere in the header; kGlobalType when none does.
+int KindOf(const BlockTable& table, std::string_view header);
 
 /// What a header of this kind begins with; empty for a kind without a row.
-std::string_view PrefixOf(const BlockTable& table, SectionTypes::SectionType type);
+std::string_view PrefixOf(const BlockTable& table, int type);
 
 }  // namespace klepur::internal
 

@@ -1,4 +1,4 @@
-// Internal: the character scans that cut values out of statement lines.
+// Internal: the character scans that cut values out of statement lines. A blank is a space to them.
 #ifndef KLEPUR_CONFIG_VALUE_SCAN_H
 #define KLEPUR_CONFIG_VALUE_SCAN_H
 

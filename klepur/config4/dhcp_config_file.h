@@ -18,10 +18,10 @@ extern template class KLEPUR_EXPORT ConfigFile<DhcpVocabulary>;
 ///
 ///     DhcpConfigFile file("/etc/dhcp/dhcpd.conf");
 ///     if (!file.Open()) return Failed("cannot read it, see the system log");
-///     if (!file.GotoSection("10.0.0.0 netmask 255.255.255.0",
-///     DhcpConfigFile::DhcpSection::SECTION_SUBNET))
-///       return Failed("no such subnet");
 ///     DhcpConfigFile::DhcpSection host;  // a new record is a SECTION_HOST
+///     file.GotoSection(nullptr, host.SECTION_GLOBAL);  // look in the whole file, not in a network
+///     if (!file.GotoSection("10.0.0.0 netmask 255.255.255.0", host.SECTION_SUBNET))
+///       return Failed("no such subnet");
 ///     host.params = {{false, host.PARAM_NAME, "pc-17"},
 ///                    {false, host.PARAM_HARDWARE_ETHERNET, "00:11:22:33:44:55"},
 ///                    {false, host.PARAM_FIXED_ADDRESS, "10.0.0.17"}};

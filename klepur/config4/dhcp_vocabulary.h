@@ -9,10 +9,10 @@ namespace klepur {
 /// What DHCPv4 adds to a record: the statements that it tells apart.
 ///
 /// A parameter's value is the statement's argument as text unless said otherwise. Quoted means that
-/// the file has double quotes around it and the record has not; a text that holds blanks is not
+/// the file has double quotes around it and the record has not; a text that holds spaces is not
 /// read whole: only its last word, less one character at each end, is.
 struct DhcpVocabulary {
-  using DhcpSectionType = SectionTypes::SectionType;
+  using DhcpSectionType = SectionTypes<DhcpVocabulary>::SectionType;
 
   enum DhcpParamType : int {
     PARAM_RAW = -1,                 ///< any line, whole; only when raw reading is asked for
@@ -41,9 +41,11 @@ struct DhcpVocabulary {
     PARAM_TFTP_SERVER_NAME = 23,      ///< option tftp-server-name, quoted
     PARAM_AUTHORITATIVE = 24,         ///< authoritative: "exist"
     PARAM_CLIENT_IDENTIFIER = 25,     ///< option dhcp-client-identifier, quoted
-    PARAM_IP_LINE = 26,               ///< a line with "IPLine" or "Special", less its end
-    PARAM_PING_CHECK = 27,            ///< ping-check
-    PARAM_PING_TIMEOUT = 28,          ///< ping-timeout, seconds
+
+    /// a line with a ";" and "IPLine" or "Special": the line without its last character
+    PARAM_IP_LINE = 26,
+    PARAM_PING_CHECK = 27,    ///< ping-check
+    PARAM_PING_TIMEOUT = 28,  ///< ping-timeout, seconds
   };
 };
 

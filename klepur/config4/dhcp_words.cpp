@@ -22,7 +22,7 @@ std::string Words::SubnetName(const std::string& header) {
 bool Words::MakeSubnetHeader(const std::string& name, std::string& header) {
   const std::size_t colon = name.find(':');
   if (colon == std::string::npos) return false;
-  header = PrefixOf(kBlocks, SectionTypes::SECTION_SUBNET);
+  header = PrefixOf(kBlocks, Types::SECTION_SUBNET);
   header.append(name, 0, colon).append(kNetmask).append(name, colon + 1);
   return true;
 }

@@ -13,6 +13,7 @@ namespace klepur::internal {
 template <>
 struct FamilyWords<DhcpVocabulary> {
   using P = DhcpVocabulary;
+  using Types = SectionTypes<P>;
 
   static constexpr Statement kStatements[] = {
       {P::PARAM_HARDWARE_ETHERNET, "hardware ethernet", Form::kPlain},
@@ -46,7 +47,7 @@ struct FamilyWords<DhcpVocabulary> {
   };
   static_assert(EveryRowReachable(kStatements));
 
-  static constexpr BlockTable kBlocks = MakeBlockTable("subnet ");
+  static constexpr BlockTable kBlocks = MakeBlockTable<P>("subnet ");
 
   static constexpr int kHostName = P::PARAM_HOST_NAME;
   static constexpr int kFixedAddress = P::PARAM_FIXED_ADDRESS;
@@ -62,7 +63,7 @@ struct FamilyWords<DhcpVocabulary> {
   static bool MakeSubnetHeader(const std::string& name, std::string& header);
 
   /// Whether a ":" ends the address in the name of a subnet.
-  static constexpr bool ColonEndsAddress(SectionTypes::SectionType /*type*/) { return true; }
+  static constexpr bool ColonEndsAddress(Types::SectionType /*type*/) { return true; }
 };
 
 }  // namespace klepur::internal

@@ -16,13 +16,14 @@ extern template class KLEPUR_EXPORT ConfigFile<Dhcpv6Vocabulary>;
 ///
 /// It differs from DhcpConfigFile in its statements and in its subnets: their keyword is "subnet6",
 /// and their name is the prefix as it stands, "2001:db8:1::/64", in records and for GotoSection
-/// alike. So AddSection refuses a second one of that name at its level and makes the first one of
-/// that name current, which is the new one unless a shared network has one too; and RemoveSection
-/// finds it.
+/// alike. So AddSection refuses a second one of that name at its level, unless one that stands
+/// elsewhere is found first, and makes the first one of that name current, which is the new one
+/// unless a shared network has one too; and RemoveSection finds it.
 ///
 ///     Dhcpv6ConfigFile file("/etc/dhcp/dhcpd6.conf");
 ///     if (!file.Open()) return Failed("cannot read it, see the system log");
 ///     Dhcpv6ConfigFile::Dhcpv6Section subnet;
+///     file.GotoSection(nullptr, subnet.SECTION_GLOBAL);  // add to the file, not to a network
 ///     subnet.type = subnet.SECTION_SUBNET;
 ///     subnet.params = {{false, subnet.PARAM6_NAME, "2001:db8:1::/64"},
 ///                      {false, subnet.PARAM6_RANGE, "2001:db8:1::100 2001:db8:1::200"}};

@@ -9,10 +9,10 @@ namespace klepur {
 /// What DHCPv6 adds to a record: the statements that it tells apart.
 ///
 /// A parameter's value is the statement's argument as text unless said otherwise. Quoted means that
-/// the file has double quotes around it and the record has not; a text that holds blanks is not
+/// the file has double quotes around it and the record has not; a text that holds spaces is not
 /// read whole: only its last word, less one character at each end, is.
 struct Dhcpv6Vocabulary {
-  using Dhcpv6SectionType = SectionTypes::SectionType;
+  using Dhcpv6SectionType = SectionTypes<Dhcpv6Vocabulary>::SectionType;
 
   enum Dhcpv6ParamType : int {
     PARAM6_RAW = -1,  ///< any line, whole; only when raw reading is asked for
@@ -37,9 +37,11 @@ struct Dhcpv6Vocabulary {
     PARAM6_FQDN = 13,                  ///< option dhcp6.fqdn, quoted
     PARAM6_SERVER_NAME = 14,           ///< server-name, quoted
     PARAM6_AUTHORITATIVE = 15,         ///< authoritative: "exist"
-    PARAM6_IP_LINE = 16,               ///< a line with "IPLine" or "Special", less its end
-    PARAM6_PING_CHECK = 17,            ///< ping-check
-    PARAM6_PING_TIMEOUT = 18,          ///< ping-timeout, seconds
+
+    /// a line with a ";" and "IPLine" or "Special": the line without its last character
+    PARAM6_IP_LINE = 16,
+    PARAM6_PING_CHECK = 17,    ///< ping-check
+    PARAM6_PING_TIMEOUT = 18,  ///< ping-timeout, seconds
   };
 };
 

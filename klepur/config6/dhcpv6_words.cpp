@@ -16,7 +16,7 @@ std::string Words::SubnetName(const std::string& header) {
 }
 
 bool Words::MakeSubnetHeader(const std::string& name, std::string& header) {
-  header.assign(PrefixOf(kBlocks, SectionTypes::SECTION_SUBNET)).append(name);
+  header.assign(PrefixOf(kBlocks, Types::SECTION_SUBNET)).append(name);
   return true;
 }
 

@@ -13,6 +13,7 @@ namespace klepur::internal {
 template <>
 struct FamilyWords<Dhcpv6Vocabulary> {
   using P = Dhcpv6Vocabulary;
+  using Types = SectionTypes<P>;
 
   static constexpr Statement kStatements[] = {
       {P::PARAM6_HARDWARE_ETHERNET, "hardware ethernet", Form::kPlain},
@@ -36,7 +37,7 @@ struct FamilyWords<Dhcpv6Vocabulary> {
   };
   static_assert(EveryRowReachable(kStatements));
 
-  static constexpr BlockTable kBlocks = MakeBlockTable("subnet6 ");
+  static constexpr BlockTable kBlocks = MakeBlockTable<P>("subnet6 ");
 
   static constexpr int kHostName = P::PARAM6_FQDN;
   static constexpr int kFixedAddress = P::PARAM6_FIXED_ADDRESS;
@@ -53,8 +54,8 @@ struct FamilyWords<Dhcpv6Vocabulary> {
 
   /// Whether a ":" ends the address in a name: not in that of a subnet, where it belongs to the
   /// address.
-  static constexpr bool ColonEndsAddress(SectionTypes::SectionType type) {
-    return type != SectionTypes::SECTION_SUBNET;
+  static constexpr bool ColonEndsAddress(Types::SectionType type) {
+    return type != Types::SECTION_SUBNET;
   }
 };
 

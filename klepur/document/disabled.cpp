@@ -68,8 +68,9 @@ std::size_t LinesOfWhole(std::string_view text) {
   }
   if (tree.Count() < 2 || reader.IsMalformed()) return 0;
   SyntaxNode node = tree[1];
-  for (NodeId next = node.next; chain && next != kNoNode && IsBranch(tree[next]);
-       next = tree[next].next) {
+  for (NodeId next = node.next; chain && next != kNoNode; next = tree[next].next) {
+    if (tree[next].kind == NodeKind::kComment) continue;
+    if (!IsBranch(tree[next])) break;
     node.end = tree[next].end;
   }
   const std::string_view own = text.substr(node.begin - 1, node.end - node.begin);

@@ -84,7 +84,8 @@ NodeId Insert(DocumentState& state, NodeId parent, std::string_view text,
   const Place place = FindPlace(state, parent, what, placement.where, anchor);
   std::string laid_out;
   const Address address = Put(state, place, snippet, what, laid_out);
-  const NodeId first = HangNodes(state, place.gap, laid_out, address);
+  NodeId first = HangNodes(state, place.gap, laid_out, address);
+  while (!what.key.empty() && state.IsComment(first)) first = state.tree[first].next;
   state.last_of_key.erase({parent, what.key});
   if (placement.where == Placement::Where::kAuto && snippet.IsOneNode()) {
     state.last_of_key[{parent, what.key}] = first;

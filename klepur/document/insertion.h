@@ -9,7 +9,7 @@
 
 namespace klepur::internal {
 
-/// Adds what a text says, see Node::Add. Gives the first node.
+/// Adds what a text says, see Node::Add. Gives the first node that is no comment, if there is one.
 NodeId Insert(DocumentState& state, NodeId parent, std::string_view text,
               const Placement& placement, NodeId anchor);
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <klepur/document/comments.h>
 #include <klepur/document/node_text.h>
 #include <klepur/document/one_line_block.h>
 #include <klepur/document/place.h>
@@ -129,7 +130,11 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
   if (std::find(nodes.begin(), nodes.end(), anchor) != nodes.end()) return;
   const Place place = Without(state, FindPlace(state, parent, what, where, anchor), nodes);
   const NodeId old_parent = state.tree[id].parent;
-  if (old_parent == parent && place.gap.previous == state.tree[run.first].previous) return;
+  const NodeId above = state.tree[FirstOwnComment(state, id)].previous;
+  if (old_parent == parent && (place.gap.previous == state.tree[run.first].previous ||
+                               place.gap.previous == above)) {
+    return;
+  }
 
   const Neighbours neighbours(state, place.gap);
   std::string indent = IndentAt(state, place, neighbours);

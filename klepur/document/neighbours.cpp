@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <klepur/document/node_text.h>
+#include <klepur/document/structure_words.h>
 #include <klepur/document/words_of_text.h>
 
 namespace klepur::internal {
@@ -77,7 +78,9 @@ std::size_t Neighbours::WidestOneLine(std::string_view key) const {
 }
 
 std::string Neighbours::BeforeBrace(std::string_view key) const {
-  const NodeId nearest = Nearest(key, [this](NodeId id) { return !IsOnOneLine(state_, id); });
+  NodeId nearest =
+      Nearest(key, [this](NodeId id) { return !Holds(id) && !IsOnOneLine(state_, id); });
+  if (nearest == kNoNode) nearest = place_.parent == kRoot ? kNoNode : place_.parent;
   if (nearest == kNoNode) return " ";
   const std::string gap = HeaderGap(state_, nearest);
   if (!HasLineEnd(gap)) return gap;
@@ -130,6 +133,14 @@ std::optional<bool> Neighbours::IsQuoted(std::string_view key) const {
       const ValuePlace value = ValueIn(text);
       if (value.begin != value.end) return text[value.begin] == '"';
     }
+  }
+  return std::nullopt;
+}
+
+std::optional<bool> Neighbours::BranchesContinueLines() const {
+  for (const NodeId id : near_) {
+    if (!state_.IsBlock(id) || WordOf(state_.tree[id].word).begins != Begins::kBranch) continue;
+    return !BeginsLine(state_, id);
   }
   return std::nullopt;
 }

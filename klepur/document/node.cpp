@@ -170,7 +170,10 @@ void Node::SetValue(std::string_view value) {
 Node Node::Set(std::string_view keyword, std::string_view value) {
   Node statement = InForce(keyword);
   if (!statement) {
-    return Add(std::string(keyword) + (value.empty() ? "" : " ") + std::string(value) + ";");
+    const std::string text =
+        std::string(keyword) + (value.empty() ? "" : " ") + std::string(value) + ";";
+    internal::RequireStatementText(text);
+    return Add(text);
   }
   statement.SetValue(value);
   return statement;
@@ -182,6 +185,7 @@ Node Node::Set(std::string_view statement) {
   const std::string key = internal::KeyOf(text);
   const internal::ValuePlace place = internal::ValueIn(text);
   if (InForce(key)) return Set(key, text.substr(place.begin, place.end - place.begin));
+  internal::RequireStatementText(std::string(text) + ";");
   return Add(statement);
 }
 

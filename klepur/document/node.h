@@ -100,7 +100,7 @@ class KLEPUR_EXPORT Node {
   std::vector<Node> Disabled() const;
 
   /// Adds what the text says, any number of statements, blocks and comments, below this block or file
-  /// and gives the first of them. A last ";" may be left out. Without a placement a statement goes behind
+  /// and gives the first statement or block, or comment if there is no other. A last ";" may be left out. Without a placement a statement goes behind
   /// the last one of its keyword, else behind the last statement before the first block; a block goes
   /// behind the last one of its kind, else behind the last child; both before the comments that end the
   /// block. The layout of the given text is replaced by that of the neighbours.

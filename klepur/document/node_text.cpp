@@ -76,7 +76,7 @@ std::string NormalWords(std::string_view text) {
   WordsOfText words(text);
   for (std::string_view word = words.Next(); !word.empty(); word = words.Next()) {
     if (!normal.empty()) normal += ' ';
-    normal += Unquoted(word);
+    normal += WithoutQuotes(word);
   }
   return normal;
 }
@@ -100,7 +100,7 @@ ValuePlace ValueIn(std::string_view statement) {
           key + UpToLastWord(rest).size()};
 }
 
-std::string Unquoted(std::string_view word) {
+std::string WithoutQuotes(std::string_view word) {
   if (word.size() < 2 || word.front() != '"' || word.back() != '"') return std::string(word);
   std::string text;
   for (std::size_t i = 1; i + 1 < word.size(); ++i) {

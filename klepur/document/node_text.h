@@ -28,7 +28,7 @@ struct ValuePlace {
 ValuePlace ValueIn(std::string_view statement);
 
 /// A string's text without quotes and backslashes, or the word itself.
-std::string Unquoted(std::string_view word);
+std::string WithoutQuotes(std::string_view word);
 /// Whether a word can stand without quotes.
 bool IsBareWord(std::string_view word);
 

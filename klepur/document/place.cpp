@@ -73,6 +73,9 @@ Place AutoPlace(DocumentState& state, NodeId parent, const Placed& what) {
     const NodeId block = FirstBlock(state, parent);
     NodeId plain = block == kNoNode ? state.tree.KnownLastChild(parent) : state.tree[block].previous;
     while (plain != kNoNode && !IsPlain(state, plain)) plain = state.tree[plain].previous;
+    if (plain == kNoNode) {
+      plain = LastThat(state, parent, [&](NodeId id) { return IsPlain(state, id); });
+    }
     if (plain != kNoNode) return Behind(state, plain);
     if (block != kNoNode) return Above(state, block);
   }
@@ -91,10 +94,9 @@ Place AtEnd(DocumentState& state, NodeId parent) {
   return last == kNoNode ? InEmptyBlock(state, parent) : Behind(state, last);
 }
 
-bool SplitsChain(const DocumentState& state, Place place) {
-  const NodeId next = NextOf(state, place.gap);
-  return next != kNoNode && place.before_next &&
-         WordOf(state.tree[next].word).begins == Begins::kBranch;
+bool IsWithinChain(const DocumentState& state, NodeId anchor, Placement::Where where) {
+  return where == Placement::Where::kBefore ? StartOfChain(state, anchor) != anchor
+                                            : EndOfChain(state, anchor) != anchor;
 }
 
 /// The blank lines between a block and the one of its key before it, or behind it.
@@ -154,10 +156,15 @@ std::string BlanksInLine(const DocumentState& state, Gap gap) {
   return " ";
 }
 
-}  // namespace
+bool FollowsChain(const DocumentState& state, Gap gap) {
+  const NodeId previous = PreviousStatement(state, gap.previous);
+  if (previous == kNoNode || !state.IsBlock(previous)) return false;
+  const Begins begins = WordOf(state.tree[previous].word).begins;
+  return begins == Begins::kChain || begins == Begins::kBranch;
+}
 
-Place FindPlace(DocumentState& state, NodeId parent, const Placed& what, Placement::Where where,
-                NodeId anchor) {
+Place PlaceOf(DocumentState& state, NodeId parent, const Placed& what, Placement::Where where,
+              NodeId anchor) {
   const bool at_anchor = where == Placement::Where::kBefore || where == Placement::Where::kAfter;
   if (at_anchor && (anchor == kNoNode || state.tree[anchor].parent != parent)) {
     throw Error(ErrorCode::kBadPlace, "the node to add beside stands in another block");
@@ -176,17 +183,26 @@ Place FindPlace(DocumentState& state, NodeId parent, const Placed& what, Placeme
                    ? Place{GapBefore(state, anchor), true}
                    : Place{{parent, trailing == kNoNode ? anchor : trailing}, false};
       }
-      const Place place =
-          where == Placement::Where::kBefore ? Above(state, anchor) : Behind(state, anchor);
-      if (SplitsChain(state, place)) {
+      if (IsWithinChain(state, anchor, where)) {
         throw Error(ErrorCode::kBadPlace, "nothing can stand between an \"if\" and its \"else\"");
       }
-      return place;
+      return where == Placement::Where::kBefore ? Above(state, anchor) : Behind(state, anchor);
     }
     case Placement::Where::kAuto:
       break;
   }
   return what.key.empty() ? AtEnd(state, parent) : AutoPlace(state, parent, what);
+}
+
+}  // namespace
+
+Place FindPlace(DocumentState& state, NodeId parent, const Placed& what, Placement::Where where,
+                NodeId anchor) {
+  const Place place = PlaceOf(state, parent, what, where, anchor);
+  if (what.is_branch && !FollowsChain(state, place.gap)) {
+    throw Error(ErrorCode::kBadPlace, "an \"elsif\" or \"else\" stands behind an \"if\"");
+  }
+  return place;
 }
 
 bool IsMidLine(const DocumentState& state, Place place) {
@@ -233,6 +249,12 @@ Address PutLines(DocumentState& state, Place place, std::string_view text, std::
     const bool at_line_start = old.empty() || old.back() == '\n';
     return PutInGap(state, gap, at_line_start ? old : old + line_end, text,
                     at_line_start ? line_end : std::string());
+  }
+  const bool at_end_apart = below_comment && next == kNoNode && gap.parent == kRoot &&
+                            CountLineEnds(old) > 1;
+  if (at_end_apart) {
+    return PutInGap(state, gap, std::string(WithoutLastLine(old)) + std::string(indent), text,
+                    line_end);
   }
   if (place.before_next && next != kNoNode) {
     const bool touches = below_comment && CountLineEnds(old) == 1;

@@ -9,6 +9,7 @@
 #include <klepur/document/structure_words.h>
 #include <klepur/document/words_of_text.h>
 #include <klepur/text/error.h>
+#include <klepur/text/letters.h>
 
 namespace klepur::internal {
 namespace {
@@ -30,8 +31,16 @@ std::string Completed(std::string_view text) {
   return completed.append(text.substr(words.size()));
 }
 
-bool IsWhole(const SyntaxNode& node) {
-  return node.kind != NodeKind::kStray && !node.unfinished && !node.open_quote;
+/// Whether a statement begins with a word that asks for a block.
+bool LacksBlock(const SyntaxNode& node, std::string_view text) {
+  if (node.kind != NodeKind::kStatement) return false;
+  const Begins begins = WordOf(NumberOf(LeadingWord(text))).begins;
+  return begins == Begins::kBlock || begins == Begins::kChain || begins == Begins::kBranch;
+}
+
+bool IsWhole(const SyntaxNode& node, std::string_view text) {
+  return node.kind != NodeKind::kStray && !node.unfinished && !node.open_quote &&
+         !UpToLastWord(text).empty() && !LacksBlock(node, text);
 }
 
 }  // namespace
@@ -42,7 +51,7 @@ Snippet::Snippet(std::string_view text, std::uint8_t parent_word)
   StructureReader(tree_, text_.view(), kBase).Read(kRoot);
   if (tree_.Count() < 2) throw Error(ErrorCode::kBadText, "there is nothing to add in the text");
   for (NodeId id = 1; id < tree_.Count(); ++id) {
-    if (IsWhole(tree_[id])) continue;
+    if (tree_[id].kind == NodeKind::kComment || IsWhole(tree_[id], OwnText(id))) continue;
     throw Error(ErrorCode::kBadText, "\"" + std::string(text) + "\" is not whole statements");
   }
   for (NodeId id = 1; id != kNoNode; id = tree_[id].next) {
@@ -74,6 +83,17 @@ std::string_view Snippet::GapBefore(NodeId id) const {
 bool Snippet::IsTrailing(NodeId comment) const {
   return tree_[comment].kind == NodeKind::kComment && !HasLineEnd(GapBefore(comment)) &&
          (tree_[comment].previous != kNoNode || tree_[comment].parent != kRoot);
+}
+
+/// Whether it is an "else" that goes on the line of the "}" before it.
+bool Snippet::ContinuesLine(NodeId id, const Neighbours& neighbours) const {
+  const NodeId previous = tree_[id].previous;
+  if (tree_[id].kind != NodeKind::kBlock || previous == kNoNode ||
+      WordOf(tree_[id].word).begins != Begins::kBranch ||
+      tree_[previous].kind != NodeKind::kBlock) {
+    return false;
+  }
+  return neighbours.BranchesContinueLines().value_or(!HasLineEnd(GapBefore(id)));
 }
 
 std::string Snippet::StatementText(NodeId id, const Neighbours& neighbours) const {
@@ -156,7 +176,7 @@ class LineWriter {
 
   void BeginNode(NodeId id) {
     const bool first = snippet_.tree_[id].previous == kNoNode && indents_.size() == 1;
-    if (!first && snippet_.IsTrailing(id)) {
+    if (!first && (snippet_.IsTrailing(id) || snippet_.ContinuesLine(id, neighbours_))) {
       text_ += ' ';
     } else if (!first) {
       if (snippet_.tree_[id].previous != kNoNode &&

@@ -43,6 +43,7 @@ class Snippet {
   std::string BlockOnOneLine(NodeId id, const Neighbours& neighbours) const;
   bool FitsOnOneLine(NodeId block) const;
   bool IsTrailing(NodeId comment) const;
+  bool ContinuesLine(NodeId id, const Neighbours& neighbours) const;
 
   static constexpr Address kBase = 1;  // not 0, where a byte order mark could stand
 

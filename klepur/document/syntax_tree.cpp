@@ -10,7 +10,8 @@ SyntaxTree::SyntaxTree() {
 
 NodeId SyntaxTree::FirstChild(NodeId id) const {
   if (nodes_[id].own_head) return HeadOf(id);
-  return id + 1 < Count() && nodes_[id + 1].parent == id ? id + 1 : kNoNode;
+  const bool has_next = id + 1 < Count() && nodes_[id + 1].parent == id && !nodes_[id + 1].gone;
+  return has_next ? id + 1 : kNoNode;
 }
 
 NodeId SyntaxTree::LastChild(NodeId id) const {
@@ -39,9 +40,11 @@ NodeId SyntaxTree::NextBehind(NodeId id, NodeId top) const {
 }
 
 bool SyntaxTree::IsGone(NodeId id) const {
-  for (; id != kNoNode; id = nodes_[id].parent) {
+  for (const NodeId asked = id; id != kNoNode; id = nodes_[id].parent) {
     if (nodes_[id].gone) return true;
     if (id == kRoot) return false;
+    // What was below a block that was commented out.
+    if (id != asked && nodes_[id].kind != NodeKind::kBlock) return true;
   }
   return true;
 }

@@ -144,7 +144,7 @@ std::string WithoutElement(const std::string& text, const std::vector<ValuePlace
     if (between.find('#') == std::string::npos) {
       return text.substr(0, comma) + text.substr(elements[index].end);
     }
-    rest.erase(comma, 1);
+    rest.erase(comma, 1);  // the comments behind it stay, and so stay in the statement
     return rest;
   }
   const std::size_t begin = elements[index].begin;
@@ -165,6 +165,11 @@ std::string WithoutElement(const std::string& text, const std::vector<ValuePlace
 }
 
 }  // namespace
+
+void RequireStatementText(std::string_view text) {
+  if (IsOne(text, NodeKind::kStatement)) return;
+  throw Error(ErrorCode::kBadText, "\"" + std::string(text) + "\" is not one statement");
+}
 
 void SetValueOf(DocumentState& state, NodeId id, std::string_view value) {
   RequireStatement(state, id);
@@ -194,7 +199,8 @@ void SetHeaderOf(DocumentState& state, NodeId block, std::string_view header) {
   const std::string old(state.OwnText(block));
   const std::string_view words = UpToLastWord(header);
   const std::string text = std::string(words) + old.substr(UpToLastWord(old).size());
-  if (words.empty() || !IsOne(text + "{}", NodeKind::kBlock)) {
+  const bool whole = header.find_first_not_of(" \t\r\n", words.size()) == std::string_view::npos;
+  if (words.empty() || !whole || !IsOne(text + "{}", NodeKind::kBlock)) {
     throw Error(ErrorCode::kBadText, "\"" + std::string(header) + "\" is no header of a block");
   }
   ReplaceOwnText(state, block, text);

@@ -8,6 +8,8 @@
 
 namespace klepur::internal {
 
+/// Throws Error(kBadText) unless a text is one statement.
+void RequireStatementText(std::string_view text);
 void SetValueOf(DocumentState& state, NodeId statement, std::string_view value);
 void RenameBlock(DocumentState& state, NodeId block, std::string_view name);
 void SetHeaderOf(DocumentState& state, NodeId block, std::string_view header);

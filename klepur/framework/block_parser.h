@@ -17,10 +17,10 @@ namespace klepur {
 /// words.
 ///
 /// - A statement is the text up to and including the next ";", line ends dropped. It becomes an
-///   entry of its block with that text as its key.
+///   entry of its block with that text as its key. It begins behind what is a blank to CfLex.
 /// - A comment is "#" to the end of the line. It becomes an entry with the text behind the "#",
-///   without the blanks around it, and with the comment "#". Text before the "#" that no ";" has
-///   ended is joined in front of it.
+///   without the spaces, tabs and "\v" around it, and with the comment "#". Text before the "#"
+///   that no ";" has ended is joined in front of it.
 /// - "{" opens a block. Its name is the text before the "{" and the rest of that line. It ends at
 ///   "}".
 /// - "{" opens none when the text before it or the rest of its line holds a ";", in quotes too:
@@ -71,14 +71,14 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
 
   /// Opens a block named `text` in the current block, or at the holder's top when there is none.
   ///
-  /// Trailing blanks (space, tab, "\v") are cut off `text` itself; then the line buffer is emptied.
+  /// Spaces, tabs and "\v" at its end are cut off `text` itself; then the line buffer is emptied.
   /// \return false when no parse has named a holder yet, else true.
   bool AddSection(std::string& text);
 
   /// Stores `text` as an entry of the current block; as a comment when the last punctuator was "#".
   ///
-  /// Trailing blanks, and before a comment leading ones too, are cut off `text` itself; then the
-  /// line buffer is emptied.
+  /// Spaces, tabs and "\v" at its end, and at the front of a comment, are cut off `text` itself;
+  /// then the line buffer is emptied.
   /// \return 1; 0 when no block is current.
   int AddSectionParameter(std::string& text);
 

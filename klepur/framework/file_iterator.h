@@ -5,13 +5,14 @@
 #include <klepur/export.h>
 #include <klepur/framework/stream_iterator.h>
 
+/// Brings the bytes of one file in their order.
 class KLEPUR_EXPORT FileIterator : public StreamIterator {
  public:
   /// Opens the file at `path` for reading.
   ///
   /// Throws std::system_error, whose what() is the system's reason ("Permission denied", "Is a
   /// directory"), when it cannot be opened or is a directory.
-  explicit FileIterator(const char* path);
+  FileIterator(const char* path);  // NOLINT(google-explicit-constructor): callers convert paths
 
   /// Closes the file when CloseFile has not.
   ~FileIterator() override;

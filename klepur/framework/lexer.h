@@ -13,7 +13,8 @@
 /// Splits a configuration text into tokens, one a call.
 ///
 /// - "\n" and "\r\n" are one line end each.
-/// - A run of space, tab, "\v", "\f" and "\r" that no "\n" follows is one blank.
+/// - A run of space, tab, "\v", "\f" and "\r" that no "\n" follows is one blank. Users of the
+///   tokens have blanks of their own, fewer than these.
 /// - "#", ";", "{" and "}" are one punctuator each.
 /// - A double quote opens a quoted string that runs to the next one on the same line; a backslash
 ///   in it takes the next character along. It may begin inside a word. A double quote that nothing

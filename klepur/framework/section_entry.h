@@ -29,7 +29,7 @@ class KLEPUR_EXPORT CfSectionEntry : public klepur::internal::MadeAnywhere {
   /// A copy that belongs to no section.
   CfSectionEntry(const CfSectionEntry& other);
 
-  /// Takes over text and comment; the entry stays in its section.
+  /// Copies text and comment. Each entry stays in the section that it is in.
   CfSectionEntry& operator=(const CfSectionEntry& other);
 
   ~CfSectionEntry();

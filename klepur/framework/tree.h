@@ -6,6 +6,7 @@
 #include <klepur/framework/made_anywhere.h>
 #include <klepur/framework/section.h>
 
+#include <iterator>
 #include <list>
 #include <memory>
 #include <typeinfo>
@@ -17,6 +18,10 @@
 /// Used as Tree<CfSection>. Every walk goes over the nodes in file order, and none of them,
 /// deletion included, needs stack in proportion to how deep the blocks are nested. Only nodes of
 /// derived classes that stand in each other are traversed by calls in each other.
+///
+/// The functions handed to a walk may append nodes: what the walk has not come to yet it comes to
+/// later, also behind a node that was the last one. They must not take the node they are called
+/// for, or one that it stands in, out of its child list.
 template <class Section>
 class Tree {
  public:
@@ -107,13 +112,21 @@ class Tree {
    private:
     using Iterator = typename std::list<TreeNode*>::iterator;
 
-    /// A node on the way down, and which of its children comes next.
+    /// A node on the way down, and which of its children the walk is at.
     struct Level {
-      explicit Level(TreeNode* node) : owner(node), next(node->children->begin()) {}
-      bool AtEnd() const { return next == owner->children->end(); }
+      explicit Level(TreeNode* node) : owner(node) {}
+
+      /// Goes to the next child, at first to the first one; false when there is none. It is looked
+      /// for only now, since others may have been appended.
+      bool Step() {
+        child = begun ? std::next(child) : owner->children->begin();
+        begun = true;
+        return child != owner->children->end();
+      }
 
       TreeNode* owner;
-      Iterator next;
+      Iterator child;
+      bool begun = false;
     };
 
     template <class Pre, class Post, class Redirect>
@@ -130,13 +143,13 @@ bool Tree<Section>::TreeNode::Walk(Pre pre, Post post, Redirect redirect) {
   std::vector<Level> path;
   if (children != nullptr) path.emplace_back(this);
   while (!path.empty()) {
-    if (path.back().AtEnd()) {
+    if (!path.back().Step()) {
       TreeNode* const done = path.back().owner;
       path.pop_back();
       if (done != this) post(done->section);
       continue;
     }
-    TreeNode* const child = *path.back().next++;
+    TreeNode* const child = *path.back().child;
     if (child == nullptr) continue;
     if (typeid(*child) != typeid(TreeNode)) {
       redirect(*child);
@@ -158,9 +171,9 @@ typename Tree<Section>::TreeNode* Tree<Section>::TreeNode::FindIf(
   TreeNode* node = this;
   while (node == nullptr || !pred(probe, node->section)) {
     if (node != nullptr && node->children != nullptr) path.emplace_back(node);
-    while (!path.empty() && path.back().AtEnd()) path.pop_back();
+    while (!path.empty() && !path.back().Step()) path.pop_back();
     if (path.empty()) return nullptr;
-    node = *path.back().next++;
+    node = *path.back().child;
   }
   return node;
 }

@@ -8,7 +8,8 @@
 /// field is empty when the file says nothing.
 ///
 /// An association with several addresses or prefixes is one record: each field holds the last value
-/// met.
+/// met. Statements count in the blocks inside the association, not straight in it. That is where a
+/// server writes the client's last time, so `cltt` is usually empty.
 struct _Dhcpv6LeaseStore {  // NOLINT(bugprone-reserved-identifier): the name that callers know
   std::string address;      ///< an address, or a prefix with its length: "2001:db8:1::/64"
   std::string cltt;         ///< the last time the client was heard of: "4 2024/01/01 12:00:00"

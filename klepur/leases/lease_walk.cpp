@@ -1,4 +1,4 @@
-// What is read of a leases file, with words separated by blanks:
+// What is read of a leases file, with words separated by spaces:
 //
 //   lease  = ("ia-na" | "ia-ta" | "ia-pd") "\"" identifier "\"" "{" inner* "}"
 //   inner  = ("iaaddr" | "iaprefix" | any) address "{" field* "}"
@@ -23,7 +23,7 @@ std::string_view From(std::string_view text, std::size_t position) {
   return text.substr(position);
 }
 
-/// Takes the next word, a run without blanks, from the front of `rest`; empty at the end.
+/// Takes the next word, a run without spaces, from the front of `rest`; empty at the end.
 std::string_view TakeWord(std::string_view& rest) {
   rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
   const std::string_view word = rest.substr(0, rest.find(' '));
@@ -34,7 +34,7 @@ std::string_view TakeWord(std::string_view& rest) {
 /// The text behind a block's keyword and one more character; empty when the block has another
 /// keyword.
 ///
-/// The words of the name are joined without blanks until they make one of the keywords.
+/// The words of the name are joined without spaces until they make one of the keywords.
 std::string_view TextBehindKeyword(std::string_view name,
                                    std::initializer_list<std::string_view> keywords) {
   std::string joined;

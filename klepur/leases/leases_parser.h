@@ -38,11 +38,12 @@ class KLEPUR_EXPORT Dhcpv6LeasesParser : public klepur::BlockParser {
   /// not count.
   ///
   /// Nothing is returned. A missing or unreadable file is logged (BlockParser::ParseFile); what was
-  /// read before the failure counts. An exception ends the extraction and its text is logged as
-  /// information; the records appended before stay. With "basic_string::substr" so do, in an inner
-  /// block, a statement of an unknown name, "set foo = bar;", and one without its argument,
-  /// "ends;"; and an association or address block that is named by the keyword alone. An
-  /// association whose identifier is empty, `ia-na ""`, is left out.
+  /// read before the failure counts. An exception ends the extraction; the records appended before
+  /// stay. The text of one derived from std::exception is logged as information; any other, which
+  /// only a derived class can throw, passes to the caller. With "basic_string::substr" the
+  /// extraction ends at, in an inner block, a statement of an unknown name, "set foo = bar;", and
+  /// one without its argument, "ends;"; and at an association or address block that is named by the
+  /// keyword alone. An association whose identifier is empty, `ia-na ""`, is left out.
   ///
   /// Once a file was parsed, the same object finds no associations in the next one, except where
   /// they stand inside another block: see klepur::BlockParser about the root section.

@@ -88,7 +88,7 @@ bool DhcpParser::WriteSection(CfSection& section) {
     if (entry->GetComment() != nullptr) text_ += '#';
     AppendLine(writeDepth, entry->GetKeyName(), text_);
   }
-  WriteCollected();
+  WriteWhenLong();
   return true;
 }
 
@@ -98,18 +98,21 @@ int DhcpParser::WriteSectionEnd(CfSection& section) {
   if (writeDepth > 0) --writeDepth;
   if (leftmostDepth != 1 && writeDepth == 0) text_ += '\n';
   AppendLine(writeDepth, "}", text_);
-  WriteCollected();
+  WriteWhenLong();
   return 0;
 }
 
 std::size_t DhcpParser::WriteBuff(const char* text) {
   if (outputFile == nullptr || text == nullptr) return 0;
+  WriteCollected();
   return std::fwrite(text, 1, std::strlen(text), outputFile);
 }
 
-/// Writes what was collected once it is long enough.
+void DhcpParser::WriteWhenLong() noexcept {
+  if (text_.size() >= writeSize_) WriteCollected();
+}
+
 void DhcpParser::WriteCollected() noexcept {
-  if (text_.size() < writeSize_) return;
   if (outputFile != nullptr) std::fwrite(text_.data(), 1, text_.size(), outputFile);
   text_.clear();
 }

@@ -30,14 +30,22 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   /// its "#" in the first column, before the tabs.
   ///
   /// Reading what was written gives the same tree, and writing that gives the same bytes, for every
-  /// file whose "{" end their lines, whose statements end in ";" and whose line ends are all of one
-  /// kind. What stands behind a "{" on its line is part of the block's name, so "host a { }" and
-  /// "subnet 10.0.0.0 netmask 255.0.0.0 { # main" come back as something else.
+  /// file whose statements end in ";" and that has none of these:
   ///
-  /// Before the "}" of a top-level block there is an empty line unless this is the parser's first
-  /// write and the file's first block holds no blocks: each write, one that cannot open its file
-  /// included, adds to the leftmost depth the number of levels on the way from the root's first
-  /// child down through first children, and the empty line stands whenever that sum is not 1.
+  /// - More behind a "{" on its line. It is part of the block's name, so "host a { }" and
+  ///   "subnet 10.0.0.0 netmask 255.0.0.0 { # main" come back as something else.
+  /// - A "}" too many, such as that of a "{" that opened no block. What follows it hangs beside the
+  ///   root section and is not written.
+  /// - A block named "TREE_ROOT_SECTION". It is written without its name and braces, and what it
+  ///   holds comes back as part of the block around it.
+  /// - A quoted text over lines. It is written on one line, where double quotes may pair in another
+  ///   way.
+  /// - A "\r" that no "\n" follows. It becomes part of a line end when it ends a written line.
+  ///
+  /// Before the "}" of a top-level block there is an empty line unless the leftmost depth is 1.
+  /// Each write, one that cannot open its file included, adds to it the number of levels on the way
+  /// from the root's first child down through first children. So the empty line is left out by the
+  /// first write of a file with blocks when the first of these holds none.
   ///
   /// \param path    where to write; null is a file that cannot be opened.
   /// \param target  what to write; when null, the tree last read or written.
@@ -57,7 +65,7 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   /// \return 0.
   int WriteSectionEnd(CfSection& section);
 
-  /// Writes a text to the open file.
+  /// Writes a text to the open file, behind all that was written before.
   /// \return how many bytes were written; 0 when no file is open or `text` is null.
   std::size_t WriteBuff(const char* text);
 
@@ -66,6 +74,7 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   unsigned int leftmostDepth;  ///< Grows with every write, see FileWriter.
 
  private:
+  void WriteWhenLong() noexcept;
   void WriteCollected() noexcept;
   void FinishFile() noexcept;
 

@@ -114,12 +114,14 @@ void PieceText::TakeBack(const Change& change) noexcept {
 }
 
 bool PieceText::IsChanged() const {
-  Address expected = 0;
+  std::string_view rest = base_.view();
   for (PieceId id = pieces_[kHead].next; id != kTail; id = pieces_[id].next) {
-    if (pieces_[id].begin != expected) return true;
-    expected = pieces_[id].end;
+    const std::string_view piece = View({pieces_[id].begin, pieces_[id].end});
+    const bool in_place = piece.data() == rest.data() && piece.size() <= rest.size();
+    if (!in_place && rest.substr(0, piece.size()) != piece) return true;
+    rest.remove_prefix(piece.size());
   }
-  return expected != BaseSize();
+  return !rest.empty();
 }
 
 PieceText::PieceId PieceText::PieceOf(Address byte) const {

@@ -81,6 +81,7 @@ class PieceText {
   void RollBack(std::size_t mark) noexcept;
 
   PieceId PieceOf(Address byte) const;
+  /// Whether the text is another than what was read. Cost: what was moved or written anew is compared.
   bool IsChanged() const;
 
  private:

@@ -11,10 +11,8 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
-constexpr SectionTypes::SectionType kEveryKind[] = {SECTION_SHARED_NETWORK, SECTION_SUBNET,
-                                                    SECTION_HOST, SECTION_IF};
+constexpr EitherKind kEveryKind[] = {SECTION_SHARED_NETWORK, SECTION_SUBNET, SECTION_HOST,
+                                     SECTION_IF};
 
 // ---- AddSection
 

@@ -11,10 +11,8 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
-constexpr SectionTypes::SectionType kEveryKind[] = {SECTION_GLOBAL, SECTION_SHARED_NETWORK,
-                                                    SECTION_SUBNET, SECTION_HOST, SECTION_IF};
+constexpr EitherKind kEveryKind[] = {SECTION_GLOBAL, SECTION_SHARED_NETWORK, SECTION_SUBNET,
+                                     SECTION_HOST, SECTION_IF};
 
 constexpr std::string_view kBlocks = R"(default-lease-time 1;
 shared-network n {
@@ -80,7 +78,7 @@ TYPED_TEST_SUITE(Choosing, Families, FamilyNames);
 
 struct ChoiceCase {
   const char* what;
-  SectionTypes::SectionType type;
+  EitherKind type;
   const char* name;
   const char* network;  // the cursors; null for none
   const char* subnet;

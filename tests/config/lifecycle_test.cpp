@@ -205,6 +205,11 @@ TYPED_TEST(Construction, NameIsKeptAndTheFileIsNotRead) {
   this->ExpectNothingRead(file);
 }
 
+TYPED_TEST(Construction, PathConvertsToItsFile) {
+  const typename TestFixture::Base file = "/nowhere/dhcpd.conf";
+  EXPECT_EQ(file.GetConfFileName(), "/nowhere/dhcpd.conf");
+}
+
 TYPED_TEST(Construction, NameOfAMissingFileIsKept) {
   const typename TestFixture::File file("/nowhere/dhcpd.conf");
   EXPECT_EQ(file.GetConfFileName(), "/nowhere/dhcpd.conf");
@@ -455,7 +460,7 @@ TYPED_TEST(Opening, AgainDiscardsEditsAndCursors) {
 TYPED_TEST(Opening, FileIsReadBehindWhatWasAddedBeforeItAndTheCursorsAreCleared) {
   this->Unopened("host b {\n}\n");
   EXPECT_EQ(this->Conf().AddNetwork(
-                this->Record(SectionTypes::SECTION_SHARED_NETWORK,
+                this->Record(SECTION_SHARED_NETWORK,
                              {{TypeParam::kName, "office"}, {TypeParam::kMaxLeaseTime, "60"}})),
             1);
   ASSERT_EQ(this->Cursors(), "shared-network office / null");
@@ -468,10 +473,10 @@ TYPED_TEST(Opening, FileIsReadBehindWhatWasAddedBeforeItAndTheCursorsAreCleared)
 TYPED_TEST(Opening, SubnetCursorOnWhatWasAddedBeforeTheFileIsCleared) {
   this->Unopened("host b {\n}\n");
   EXPECT_TRUE(this->Conf().AddTreeSection(
-      this->Record(SectionTypes::SECTION_SUBNET,
+      this->Record(SECTION_SUBNET,
                    {{TypeParam::kName, "@header1"}, {TypeParam::kMaxLeaseTime, "log one;"}}),
       nullptr));
-  ASSERT_TRUE(this->Conf().GotoSection(this->Text("@bare1").c_str(), SectionTypes::SECTION_SUBNET));
+  ASSERT_TRUE(this->Conf().GotoSection(this->Text("@bare1").c_str(), SECTION_SUBNET));
   ASSERT_EQ(this->Cursors(), this->Text("null / @header1"));
   EXPECT_TRUE(this->Open());
   EXPECT_EQ(this->Cursors(), "null / null");
@@ -559,8 +564,11 @@ TYPED_TEST(ReadingAlone, WithoutANameFailsAndDoesNotCount) {
 
 TYPED_TEST(ReadingAlone, MissingFileFailsAndCounts) {
   this->At("/nowhere/dhcpd.conf");
+  ClearSystemLog();
   EXPECT_FALSE(this->Conf().ReadDhcpConfigFile());
   EXPECT_EQ(this->Conf().isRead, 1);
+  EXPECT_THAT(SystemLog(),
+              ElementsAre("syslog LOG_WARNING File /nowhere/dhcpd.conf doesn't exist!"));
 }
 
 TYPED_TEST(ReadingAlone, TwicePutsTheSecondContentBesideTheRootSection) {
@@ -845,6 +853,19 @@ TYPED_TEST(TreeLookup, HostIsFoundAnywhereBelowTheRootOrInTheSubtreeOnly) {
   EXPECT_EQ(this->Find("host pc-17", this->Below({0})), pc17);
   EXPECT_EQ(this->Find("host pc-17", this->Below({0, 0})), pc17);
   EXPECT_EQ(this->Find("host pc-17", this->Below({1})), nullptr);
+}
+
+TYPED_TEST(TreeLookup, WhatFindIfFindsWithEachPredicateIsFound) {
+  this->Given(kOffice);
+  for (const auto predicate : {Condition1, Condition2, compare}) {
+    for (const char* header : {"host a", "host nested", "@header3", "host missing", "Host a"}) {
+      CfSection probe;
+      probe.SetName(this->Text(header).c_str());
+      for (TreeNode* const start : {this->Below({}), this->Below({0}), this->Below({0, 0, 0})}) {
+        EXPECT_EQ(this->Find(header, start), start->FindIf(probe, predicate)) << header;
+      }
+    }
+  }
 }
 
 TYPED_TEST(TreeLookup, StartItselfIsFound) {

@@ -12,14 +12,13 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
 using ::testing::Each;
 using ::testing::Ne;
 
-constexpr auto kFive = static_cast<SectionTypes::SectionType>(5);
-constexpr auto kMinusOne = static_cast<SectionTypes::SectionType>(-1);
-constexpr auto kGreatest = static_cast<SectionTypes::SectionType>(INT_MAX);
-constexpr auto kSmallest = static_cast<SectionTypes::SectionType>(INT_MIN);
+constexpr EitherKind kFive = {5};
+constexpr EitherKind kMinusOne = {-1};
+constexpr EitherKind kGreatest = {INT_MAX};
+constexpr EitherKind kSmallest = {INT_MIN};
 
 constexpr std::string_view kTwoSubnetsAndAHost = R"(@header1 {
   host a {
@@ -407,7 +406,7 @@ TYPED_TEST(FirstSection, HostAndIfMissInABlockWithoutBlocks) {
 TYPED_TEST(FirstSection, HostIsWhateverHoldsTheWordInItsHeader) {
   struct Case {
     const char* header;
-    SectionTypes::SectionType type;
+    EitherKind type;
     const char* expected;
   };
   const Case cases[] = {
@@ -925,6 +924,13 @@ TYPED_TEST(SectionByName, HostsAndIfBlocksMissWithoutASubnetCursorUnlikeGoto) {
   EXPECT_EQ(this->Goto("known", SECTION_IF), "hit");
 }
 
+TYPED_TEST(SectionByName, SubnetMayBeTheBlockOnTheNetworkCursor) {
+  this->Given(kOffice);
+  this->Place("@header3", "host d");
+  EXPECT_EQ(this->ByName(SECTION_SUBNET, "@bare3"), this->Text("2 | 0=@name3"));
+  EXPECT_EQ(this->Cursors(), this->Text("@header3 / @header3"));
+}
+
 TYPED_TEST(SectionByName, HostsAndIfBlocksAreLookedForBelowTheSubnetCursor) {
   this->Given(kOffice);
   EXPECT_EQ(this->ByName(SECTION_HOST, "b"), "3 | 0=b");
@@ -1053,6 +1059,22 @@ TYPED_TEST(HostLookup, HostOfAnotherSubnetIsNotFound) {
   EXPECT_EQ(this->HostByName("b"), "miss");
   EXPECT_EQ(this->HostByIp("@ip2"), "miss");
   EXPECT_EQ(this->HostByMac("00:00:00:00:00:0b"), "miss");
+}
+
+TYPED_TEST(HostLookup, HostIsFoundByACommentedOutLine) {
+  this->Given(R"(@header1 {
+  host a {
+    # hardware ethernet 00:00:00:00:00:0a;
+    # @fixed @ip1;
+    # @fqdn "a";
+  }
+}
+)");
+  const std::string hostA = this->First(SECTION_HOST);
+  ASSERT_NE(hostA, "miss");
+  EXPECT_EQ(this->HostByName("a"), hostA);
+  EXPECT_EQ(this->HostByIp("@ip1"), hostA);
+  EXPECT_EQ(this->HostByMac("00:00:00:00:00:0a"), hostA);
 }
 
 TYPED_TEST(HostLookup, HostOfADeeperLevelIsNotFound) {

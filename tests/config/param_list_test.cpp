@@ -1,15 +1,21 @@
 #include <klepur/config/param_list.h>
 
 #include <gtest/gtest.h>
+#include <klepur/config/section_record.h>
 
+#include <list>
+#include <string>
 #include <type_traits>
 
 namespace klepur::internal {
 namespace {
 
+using Param = SectionParam<struct AnyVocabulary>;
+using ParamList = std::list<Param>;
+
 std::string Text(const ParamList& params) {
   std::string text;
-  for (const SectionParam& param : params) {
+  for (const Param& param : params) {
     text += (param.commented ? "#" : "") + std::to_string(param.type) + "=" + param.value + " ";
   }
   return text;
@@ -35,7 +41,7 @@ TEST(FirstOfType, IsNullWhenThereIsNone) {
 
 TEST(FirstOfType, KeepsAConstantListConstant) {
   const ParamList params = Sample();
-  static_assert(std::is_same_v<decltype(FirstOfType(params, 8)), const SectionParam*>);
+  static_assert(std::is_same_v<decltype(FirstOfType(params, 8)), const Param*>);
   EXPECT_EQ(FirstOfType(params, 8)->value, "first");
 }
 
@@ -43,14 +49,14 @@ TEST(ValueOfType, IsTheFirstOnesOrEmpty) {
   EXPECT_EQ(ValueOfType(Sample(), kNameType), "pc");
   EXPECT_EQ(ValueOfType(Sample(), 8), "first");
   EXPECT_EQ(ValueOfType(Sample(), 9), "");
-  EXPECT_EQ(ValueOfType({}, kNameType), "");
+  EXPECT_EQ(ValueOfType(ParamList(), kNameType), "");
 }
 
 TEST(IsCommented, IsTheFirstOnesMarkOrFalse) {
   EXPECT_TRUE(IsCommented(Sample(), 8));
   EXPECT_FALSE(IsCommented(Sample(), 0));
   EXPECT_FALSE(IsCommented(Sample(), 9));
-  EXPECT_FALSE(IsCommented({{false, 8, "first"}, {true, 8, "second"}}, 8));
+  EXPECT_FALSE(IsCommented(ParamList{{false, 8, "first"}, {true, 8, "second"}}, 8));
 }
 
 TEST(SetParam, AppendsTheFirstOfItsType) {

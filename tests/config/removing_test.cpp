@@ -11,11 +11,10 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
 using ::testing::Each;
 
-constexpr SectionTypes::SectionType kEveryKind[] = {SECTION_SHARED_NETWORK, SECTION_SUBNET,
-                                                    SECTION_HOST, SECTION_IF};
+constexpr EitherKind kEveryKind[] = {SECTION_SHARED_NETWORK, SECTION_SUBNET, SECTION_HOST,
+                                     SECTION_IF};
 
 /// Lends a node a wrong parent and gives it its own back, so that the tree can be deleted.
 class WrongParent {
@@ -594,6 +593,13 @@ TYPED_TEST(RemovingSubnets, OnlyBlockOfANetworkLeavesTheNetworkCurrent) {
 )");
   ASSERT_NE(this->Conf().currentNetwork->children, nullptr);
   EXPECT_TRUE(this->Conf().currentNetwork->children->empty());
+}
+
+TYPED_TEST(RemovingSubnets, BlockOnTheNetworkCursorItselfIsFoundBeforeThoseInIt) {
+  this->Given("@header1 {\n@header1 {\n}\n}\nhost h {\n}\n");
+  this->Place("@header1", "host h");
+  EXPECT_EQ(this->Remove("@bare1"), 1);
+  EXPECT_EQ(this->State(), "null / host h\n[TREE_ROOT_SECTION]\n  [host h]\n");
 }
 
 TYPED_TEST(RemovingSubnets, SubnetOutsideTheCurrentNetworkIsNotFound) {

@@ -205,45 +205,47 @@ TEST(WriteLine, PutsTheValueAsItsFormSays) {
   for (const auto& row : cases) EXPECT_EQ(WriteLine(row.statement, row.value), row.line);
 }
 
-constexpr BlockTable kBlocks = MakeBlockTable("lan ");
+using Types = SectionTypes<struct AnyVocabulary>;
+
+constexpr BlockTable kBlocks = MakeBlockTable<struct AnyVocabulary>("lan ");
 
 TEST(KindOf, FirstPrefixFoundAnywhereDecides) {
   const struct {
     const char* header;
-    SectionTypes::SectionType kind;
+    Types::SectionType kind;
   } cases[] = {
-      {"shared-network office", SectionTypes::SECTION_SHARED_NETWORK},
-      {"lan 10.0.0.0", SectionTypes::SECTION_SUBNET},
-      {"host pc", SectionTypes::SECTION_HOST},
-      {"if known", SectionTypes::SECTION_IF},
+      {"shared-network office", Types::SECTION_SHARED_NETWORK},
+      {"lan 10.0.0.0", Types::SECTION_SUBNET},
+      {"host pc", Types::SECTION_HOST},
+      {"if known", Types::SECTION_IF},
       // anywhere
-      {"elsif known", SectionTypes::SECTION_IF},
-      {"ghost pc", SectionTypes::SECTION_HOST},
+      {"elsif known", Types::SECTION_IF},
+      {"ghost pc", Types::SECTION_HOST},
       // the order of the rows
-      {"if host lan shared-network x", SectionTypes::SECTION_SHARED_NETWORK},
-      {"if host lan x", SectionTypes::SECTION_SUBNET},
-      {"if host x", SectionTypes::SECTION_HOST},
+      {"if host lan shared-network x", Types::SECTION_SHARED_NETWORK},
+      {"if host lan x", Types::SECTION_SUBNET},
+      {"if host x", Types::SECTION_HOST},
       // none
-      {"subnet 10.0.0.0", SectionTypes::SECTION_GLOBAL},
-      {"group", SectionTypes::SECTION_GLOBAL},
-      {"host", SectionTypes::SECTION_GLOBAL},
-      {"HOST pc", SectionTypes::SECTION_GLOBAL},
-      {"", SectionTypes::SECTION_GLOBAL},
+      {"subnet 10.0.0.0", Types::SECTION_GLOBAL},
+      {"group", Types::SECTION_GLOBAL},
+      {"host", Types::SECTION_GLOBAL},
+      {"HOST pc", Types::SECTION_GLOBAL},
+      {"", Types::SECTION_GLOBAL},
   };
   for (const auto& row : cases) EXPECT_EQ(KindOf(kBlocks, row.header), row.kind) << row.header;
 }
 
 TEST(PrefixOf, GivesWhatAHeaderOfTheKindBeginsWith) {
-  EXPECT_EQ(PrefixOf(kBlocks, SectionTypes::SECTION_SHARED_NETWORK), "shared-network ");
-  EXPECT_EQ(PrefixOf(kBlocks, SectionTypes::SECTION_SUBNET), "lan ");
-  EXPECT_EQ(PrefixOf(kBlocks, SectionTypes::SECTION_HOST), "host ");
-  EXPECT_EQ(PrefixOf(kBlocks, SectionTypes::SECTION_IF), "if ");
+  EXPECT_EQ(PrefixOf(kBlocks, Types::SECTION_SHARED_NETWORK), "shared-network ");
+  EXPECT_EQ(PrefixOf(kBlocks, Types::SECTION_SUBNET), "lan ");
+  EXPECT_EQ(PrefixOf(kBlocks, Types::SECTION_HOST), "host ");
+  EXPECT_EQ(PrefixOf(kBlocks, Types::SECTION_IF), "if ");
 }
 
 TEST(PrefixOf, IsEmptyForAKindWithoutRow) {
-  EXPECT_EQ(PrefixOf(kBlocks, SectionTypes::SECTION_GLOBAL), "");
-  EXPECT_EQ(PrefixOf(kBlocks, static_cast<SectionTypes::SectionType>(5)), "");
-  EXPECT_EQ(PrefixOf(kBlocks, static_cast<SectionTypes::SectionType>(-1)), "");
+  EXPECT_EQ(PrefixOf(kBlocks, Types::SECTION_GLOBAL), "");
+  EXPECT_EQ(PrefixOf(kBlocks, 5), "");
+  EXPECT_EQ(PrefixOf(kBlocks, -1), "");
 }
 
 }  // namespace

@@ -7,17 +7,19 @@
 #include <stdexcept>
 #include <string>
 
+#include "tests/support/family.h"
+
 namespace klepur::internal {
 namespace {
 
-using enum SectionTypes::SectionType;
-using Type = SectionTypes::SectionType;
+using namespace klepur::test;
+using Type = EitherKind;
 
 constexpr Type kOtherKinds[] = {SECTION_GLOBAL, SECTION_SHARED_NETWORK, SECTION_HOST,
                                 SECTION_IF,     static_cast<Type>(5),   static_cast<Type>(-1)};
 
 template <class Vocabulary>
-std::string AddressOf(Type type, std::initializer_list<SectionParam> params) {
+std::string AddressOf(Type type, std::initializer_list<SectionParam<Vocabulary>> params) {
   SectionRecord<Vocabulary> record;
   record.type = type;
   record.params = params;

@@ -7,8 +7,6 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
 template <class Family>
 class SubnetQuery : public EditFixture<Family> {
  public:

@@ -23,7 +23,7 @@ class Writing : public ConfigFixture<Family> {
   }
 
   /// The same for a host "pc" with these parameters.
-  std::string WrittenHost(std::initializer_list<SectionParam> params) {
+  std::string WrittenHost(std::initializer_list<typename Section::SectionParam> params) {
     Section in;
     in.params = {{false, Family::kName, "pc"}};
     in.params.insert(in.params.end(), params);
@@ -40,27 +40,26 @@ TYPED_TEST_SUITE(Writing, Families, FamilyNames);
 
 TYPED_TEST(Writing, HeaderIsMadeOfKindAndName) {
   const struct {
-    int kind;
+    EitherKind kind;
     const char* name;
     const char* written;
   } cases[] = {
-      {SectionTypes::SECTION_GLOBAL, "TREE_ROOT_SECTION", "global | name=TREE_ROOT_SECTION"},
-      {SectionTypes::SECTION_GLOBAL, "anything", "global | name=TREE_ROOT_SECTION"},
-      {SectionTypes::SECTION_SHARED_NETWORK, "office",
-       "shared-network | name=shared-network office"},
-      {SectionTypes::SECTION_SUBNET, "@name1", "subnet | name=@header1"},
-      {SectionTypes::SECTION_HOST, "pc1", "host | name=host pc1"},
-      {SectionTypes::SECTION_IF, "known = \"x\"", "if | name=if known = \"x\""},
+      {SECTION_GLOBAL, "TREE_ROOT_SECTION", "global | name=TREE_ROOT_SECTION"},
+      {SECTION_GLOBAL, "anything", "global | name=TREE_ROOT_SECTION"},
+      {SECTION_SHARED_NETWORK, "office", "shared-network | name=shared-network office"},
+      {SECTION_SUBNET, "@name1", "subnet | name=@header1"},
+      {SECTION_HOST, "pc1", "host | name=host pc1"},
+      {SECTION_IF, "known = \"x\"", "if | name=if known = \"x\""},
       // the name is copied as it stands
-      {SectionTypes::SECTION_HOST, "host a:b, c", "host | name=host host a:b, c"},
-      {SectionTypes::SECTION_HOST, " ", "host | name=host  "},
+      {SECTION_HOST, "host a:b, c", "host | name=host host a:b, c"},
+      {SECTION_HOST, " ", "host | name=host  "},
       // no such kind: an empty header
       {5, "x", "5 | name="},
       {-1, "x", "-1 | name="},
       {2147483647, "x", "2147483647 | name="},
   };
   for (const auto& row : cases) {
-    const auto kind = static_cast<SectionTypes::SectionType>(row.kind);
+    const EitherKind kind = row.kind;
     EXPECT_EQ(this->Written(this->Record(kind, {{TypeParam::kName, row.name}})),
               this->Text(row.written));
   }
@@ -71,40 +70,36 @@ TYPED_TEST(Writing, NameAloneGivesTheHeaderAlone) {
 }
 
 TYPED_TEST(Writing, HeaderComesFirstWhereverTheNameStands) {
-  EXPECT_EQ(
-      this->Written(this->Record(SectionTypes::SECTION_HOST, {{TypeParam::kMaxLeaseTime, "60"},
-                                                              {TypeParam::kName, "pc"},
-                                                              {TypeParam::kFixedAddress, "@ip1"}})),
-      this->Text("host | name=host pc | max=max-lease-time 60; | fixed=@fixed @ip1;"));
+  EXPECT_EQ(this->Written(this->Record(SECTION_HOST, {{TypeParam::kMaxLeaseTime, "60"},
+                                                      {TypeParam::kName, "pc"},
+                                                      {TypeParam::kFixedAddress, "@ip1"}})),
+            this->Text("host | name=host pc | max=max-lease-time 60; | fixed=@fixed @ip1;"));
 }
 
 TYPED_TEST(Writing, FirstNameCountsAndTheOthersAreLeftOut) {
-  EXPECT_EQ(
-      this->Written(this->Record(SectionTypes::SECTION_HOST, {{TypeParam::kName, "first"},
-                                                              {TypeParam::kMaxLeaseTime, "60"},
-                                                              {TypeParam::kName, "second"}})),
-      "host | name=host first | max=max-lease-time 60;");
-  EXPECT_EQ(this->Written(this->Record(SectionTypes::SECTION_HOST,
-                                       {{TypeParam::kName, ""}, {TypeParam::kName, "second"}})),
+  EXPECT_EQ(this->Written(this->Record(SECTION_HOST, {{TypeParam::kName, "first"},
+                                                      {TypeParam::kMaxLeaseTime, "60"},
+                                                      {TypeParam::kName, "second"}})),
+            "host | name=host first | max=max-lease-time 60;");
+  EXPECT_EQ(this->Written(
+                this->Record(SECTION_HOST, {{TypeParam::kName, ""}, {TypeParam::kName, "second"}})),
             "host");
 }
 
 TYPED_TEST(Writing, WithoutNameThereAreLinesWithoutHeader) {
-  const auto Lines = [this](int kind) {
-    return this->Written(this->Record(static_cast<SectionTypes::SectionType>(kind),
-                                      {{TypeParam::kMaxLeaseTime, "60"}}));
+  const auto Lines = [this](EitherKind kind) {
+    return this->Written(this->Record(kind, {{TypeParam::kMaxLeaseTime, "60"}}));
   };
-  EXPECT_EQ(Lines(SectionTypes::SECTION_GLOBAL), "global | max=max-lease-time 60;");
-  EXPECT_EQ(Lines(SectionTypes::SECTION_SHARED_NETWORK), "shared-network | max=max-lease-time 60;");
-  EXPECT_EQ(Lines(SectionTypes::SECTION_SUBNET), "subnet | max=max-lease-time 60;");
-  EXPECT_EQ(Lines(SectionTypes::SECTION_HOST), "host | max=max-lease-time 60;");
-  EXPECT_EQ(Lines(9), "9 | max=max-lease-time 60;");
+  EXPECT_EQ(Lines(SECTION_GLOBAL), "global | max=max-lease-time 60;");
+  EXPECT_EQ(Lines(SECTION_SHARED_NETWORK), "shared-network | max=max-lease-time 60;");
+  EXPECT_EQ(Lines(SECTION_SUBNET), "subnet | max=max-lease-time 60;");
+  EXPECT_EQ(Lines(SECTION_HOST), "host | max=max-lease-time 60;");
+  EXPECT_EQ(Lines({9}), "9 | max=max-lease-time 60;");
 }
 
 TYPED_TEST(Writing, EmptyNameGivesNoHeader) {
-  EXPECT_EQ(this->Written(this->Record(SectionTypes::SECTION_GLOBAL, {{TypeParam::kName, ""}})),
-            "global");
-  EXPECT_EQ(this->Written(this->Record(SectionTypes::SECTION_SUBNET,
+  EXPECT_EQ(this->Written(this->Record(SECTION_GLOBAL, {{TypeParam::kName, ""}})), "global");
+  EXPECT_EQ(this->Written(this->Record(SECTION_SUBNET,
                                        {{TypeParam::kName, ""}, {TypeParam::kMaxLeaseTime, "6"}})),
             "subnet | max=max-lease-time 6;");
 }
@@ -252,54 +247,52 @@ TYPED_TEST(Writing, MarkOfAStatementIsKept) {
 
 TYPED_TEST(Writing, RecordWithoutParametersFailsAndLeavesTheOtherAlone) {
   typename TypeParam::Section in;
-  in.type = SectionTypes::SECTION_IF;
-  auto out = this->Record(SectionTypes::SECTION_SUBNET, {{TypeParam::kMaxLeaseTime, "old"}});
+  in.type = SECTION_IF;
+  auto out = this->Record(SECTION_SUBNET, {{TypeParam::kMaxLeaseTime, "old"}});
   EXPECT_FALSE(this->conf_.DhcpToTree(in, out));
   EXPECT_EQ(RecordWords<TypeParam>(out), "subnet | max=old");
 }
 
 TYPED_TEST(Writing, RecordThatIsFilledLosesWhatItHeld) {
-  const auto in = this->Record(SectionTypes::SECTION_IF, {{TypeParam::kName, "x"}});
-  auto out = this->Record(SectionTypes::SECTION_SUBNET,
-                          {{TypeParam::kName, "old"}, {TypeParam::kMaxLeaseTime, "old"}});
+  const auto in = this->Record(SECTION_IF, {{TypeParam::kName, "x"}});
+  auto out =
+      this->Record(SECTION_SUBNET, {{TypeParam::kName, "old"}, {TypeParam::kMaxLeaseTime, "old"}});
   EXPECT_TRUE(this->conf_.DhcpToTree(in, out));
   EXPECT_EQ(RecordWords<TypeParam>(out), "if | name=if x");
 }
 
 TYPED_TEST(Writing, RecordWithNothingToWriteGivesAnEmptyOne) {
-  auto out = this->Record(SectionTypes::SECTION_SUBNET, {{TypeParam::kMaxLeaseTime, "old"}});
-  const auto in = this->Record(SectionTypes::SECTION_HOST, {{-1, "max-lease-time 60;"}});
+  auto out = this->Record(SECTION_SUBNET, {{TypeParam::kMaxLeaseTime, "old"}});
+  const auto in = this->Record(SECTION_HOST, {{-1, "max-lease-time 60;"}});
   EXPECT_TRUE(this->conf_.DhcpToTree(in, out));
   EXPECT_EQ(RecordWords<TypeParam>(out), "host");
 }
 
 TYPED_TEST(Writing, RecordThatIsWrittenStaysAsItIs) {
-  auto in = this->Record(SectionTypes::SECTION_HOST,
-                         {{TypeParam::kName, "pc"}, {TypeParam::kRange, "A"}});
+  auto in = this->Record(SECTION_HOST, {{TypeParam::kName, "pc"}, {TypeParam::kRange, "A"}});
   in.params.push_back({true, TypeParam::kRange, "B"});
   this->Written(in);
   EXPECT_EQ(RecordWords<TypeParam>(in), "host | name=pc | range=A | #range=B");
 }
 
 TYPED_TEST(Writing, RecordWrittenIntoItselfEndsUpEmpty) {
-  auto record = this->Record(SectionTypes::SECTION_SUBNET,
+  auto record = this->Record(SECTION_SUBNET,
                              {{TypeParam::kName, "@name1"}, {TypeParam::kMaxLeaseTime, "60"}});
   EXPECT_TRUE(this->conf_.DhcpToTree(record, record));
   EXPECT_EQ(RecordWords<TypeParam>(record), "subnet");
 }
 
 TYPED_TEST(Writing, WrittenLinesReadBackAsTheRecord) {
-  const auto record =
-      this->Record(SectionTypes::SECTION_HOST, {{TypeParam::kName, "pc"},
-                                                {TypeParam::kHardwareEthernet, "0:1:2:3:4:5"},
-                                                {TypeParam::kFixedAddress, "@ip1"},
-                                                {TypeParam::kHostName, "pc.office.lan"},
-                                                {TypeParam::kRange, "@ip2 @ip3"},
-                                                {TypeParam::kAuthoritative, "exist"}});
+  const auto record = this->Record(SECTION_HOST, {{TypeParam::kName, "pc"},
+                                                  {TypeParam::kHardwareEthernet, "0:1:2:3:4:5"},
+                                                  {TypeParam::kFixedAddress, "@ip1"},
+                                                  {TypeParam::kHostName, "pc.office.lan"},
+                                                  {TypeParam::kRange, "@ip2 @ip3"},
+                                                  {TypeParam::kAuthoritative, "exist"}});
   typename TypeParam::Section treeForm;
   ASSERT_TRUE(this->conf_.DhcpToTree(record, treeForm));
   CfSection block;
-  for (const SectionParam& param : treeForm.params) {
+  for (const auto& param : treeForm.params) {
     if (param.type == TypeParam::kName) {
       block.SetName(param.value.c_str());
     } else {

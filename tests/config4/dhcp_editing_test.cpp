@@ -9,8 +9,6 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
 class DhcpEditing : public EditFixture<V4> {
  protected:
   using S = Section;
@@ -84,6 +82,16 @@ TEST_F(DhcpEditing, SubnetWithAMaskIsAppendedAndReportedAsFailure) {
 )");
   EXPECT_TRUE(Conf().GotoSection("10.0.0.0 netmask 255.0.0.0", SECTION_SUBNET));
   EXPECT_EQ(Cursors(), "null / subnet 10.0.0.0 netmask 255.0.0.0");
+}
+
+TEST_F(DhcpEditing, SubnetAddedBeforeOpenBeginsATreeThatIsSaved) {
+  Unopened("host e {\n}\n");
+  EXPECT_EQ(AddSubnet("10.0.0.0:255.0.0.0"), 0);
+  EXPECT_EQ(State(), R"(null / null
+[subnet 10.0.0.0 netmask 255.0.0.0]
+  max-lease-time 1;
+)");
+  EXPECT_EQ(Saved(), "\nsubnet 10.0.0.0 netmask 255.0.0.0\n{\n\tmax-lease-time 1;\n\n}\n");
 }
 
 TEST_F(DhcpEditing, SubnetWithAMaskIsAppendedToTheCurrentNetwork) {

@@ -5,8 +5,6 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
 class DhcpNavigation : public NavigationFixture<V4> {
  protected:
   void GivenHost(const std::string& line) {

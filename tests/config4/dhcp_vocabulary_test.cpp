@@ -23,10 +23,10 @@ class DhcpVocabularyTest : public ConfigFixture<V4> {
   }
 
   /// The tree form of a record, see RecordText; "failed" when there is none.
-  std::string Written(int kind, std::initializer_list<SectionParam> params) {
+  std::string Written(int kind, std::initializer_list<DhcpSection::SectionParam> params) {
     DhcpSection in;
     DhcpSection out;
-    in.type = static_cast<SectionTypes::SectionType>(kind);
+    in.type = EitherKind{kind};
     in.params = params;
     return conf_.DhcpToTree(in, out) ? RecordText(out) : "failed";
   }

@@ -9,8 +9,6 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
 class Dhcpv6Editing : public EditFixture<V6> {
  protected:
   using S = Section;
@@ -267,6 +265,29 @@ TEST_F(Dhcpv6Editing, SubnetIsRenamedToAnyName) {
 }
 
 // ---- subnet queries
+
+TEST_F(Dhcpv6Editing, SubnetAddedBeforeOpenBeginsATreeThatIsSaved) {
+  Unopened("host e {\n}\n");
+  EXPECT_EQ(Conf().AddSubnet(Timed(SECTION_SUBNET, "2001:db8:1::/64")), 1);
+  EXPECT_EQ(State(), R"(null / subnet6 2001:db8:1::/64
+[subnet6 2001:db8:1::/64]
+  max-lease-time 1;
+)");
+  EXPECT_EQ(Saved(), "\nsubnet6 2001:db8:1::/64\n{\n\tmax-lease-time 1;\n\n}\n");
+}
+
+TEST_F(Dhcpv6Editing, SubnetFoundElsewhereFirstHidesTheOneAtTheLevel) {
+  Given("shared-network office {\nsubnet6 2001:db8:1::/64 {\n}\n}\nsubnet6 2001:db8:1::/64 {\n}\n");
+  ASSERT_TRUE(Conf().GotoSection(nullptr, SECTION_GLOBAL));
+  EXPECT_EQ(AddSubnet("2001:db8:1::/64"), 1);
+  EXPECT_EQ(Tree(), R"([TREE_ROOT_SECTION]
+  [shared-network office]
+    [subnet6 2001:db8:1::/64]
+  [subnet6 2001:db8:1::/64]
+  [subnet6 2001:db8:1::/64]
+    max-lease-time 1;
+)");
+}
 
 TEST_F(Dhcpv6Editing, SubnetIsThePrefix) {
   Given("subnet6 2001:db8:1::/64 {\n}\n");

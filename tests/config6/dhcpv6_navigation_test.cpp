@@ -5,8 +5,6 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
 class Dhcpv6Navigation : public NavigationFixture<V6> {
  protected:
   void GivenHost(const std::string& line) {

@@ -23,10 +23,10 @@ class Dhcpv6VocabularyTest : public ConfigFixture<V6> {
   }
 
   /// The tree form of a record, see RecordText; "failed" when there is none.
-  std::string Written(int kind, std::initializer_list<SectionParam> params) {
+  std::string Written(int kind, std::initializer_list<Dhcpv6Section::SectionParam> params) {
     Dhcpv6Section in;
     Dhcpv6Section out;
-    in.type = static_cast<SectionTypes::SectionType>(kind);
+    in.type = EitherKind{kind};
     in.params = params;
     return conf_.DhcpToTree(in, out) ? RecordText(out) : "failed";
   }
@@ -273,6 +273,8 @@ TEST_F(Dhcpv6VocabularyTest, OddLinesGiveOddValues) {
       {"a range by prefix", "range6 2001:db8::/64;", "5=2001:db8::/64"},
       {"a range without blank", "range6;", "5=wrong value"},
       {"a range without addresses", "range6 ;", "5=wrong value"},
+      {"a range of separators alone", "range6 , ,;", "5=wrong value"},
+      {"a range whose blank is a tab", "range6\t2001:db8::1;", "5=wrong value"},
       {"a remark's words are addresses", "range6 reserved for guests", "5=reserved for guests"},
       {"a range in a one-line block", "pool6 { range6 2001:db8::1 2001:db8::2; }",
        "5={ range6 2001:db8::1 2001:db8::2"},

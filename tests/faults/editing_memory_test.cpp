@@ -12,8 +12,6 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
 constexpr std::string_view kFile = R"(max-lease-time 7200;
 shared-network office {
   @header1 {

@@ -11,8 +11,6 @@
 namespace klepur::test {
 namespace {
 
-using enum SectionTypes::SectionType;
-
 constexpr std::string_view kCursors = "shared-network office / @header1";
 
 template <class Family>

@@ -155,7 +155,7 @@ TYPED_TEST(OpeningShortOfMemory, LaterOpenDiscardsTheTreeAndFails) {
     ForEveryFault(
         [&] {
           this->Reopen(path);
-          ASSERT_EQ(this->Conf().AddHost(this->Timed(SectionTypes::SECTION_HOST, "unsaved")), 1);
+          ASSERT_EQ(this->Conf().AddHost(this->Timed(SECTION_HOST, "unsaved")), 1);
           this->SearchInVain(searches);
           ClearSystemLog();
         },

@@ -33,6 +33,11 @@ constexpr Row kGrammar[] = {
     {"x 1;\ny 2\n", "[TREE_ROOT_SECTION]\n  x 1;\n"},
     {"x \"a;b{c}#\\\"d\";\n", "[TREE_ROOT_SECTION]\n  x \"a;b{c}#\\\"d\";\n"},
 
+    // more is skipped in front of a statement than is cut off a text
+    {"\f\r x 1;\f\r y 2;\n", "[TREE_ROOT_SECTION]\n  x 1;\n  y 2;\n"},
+    {"#\f note\f \n", "[TREE_ROOT_SECTION]\n  #\f note\f\n"},
+    {"host a\f {\n}\n", "[TREE_ROOT_SECTION]\n  [host a\f]\n"},
+
     // over several lines
     {"range 10.0.0.10\n  10.0.0.20;\n", "[TREE_ROOT_SECTION]\n  range 10.0.0.10  10.0.0.20;\n"},
     {"range 10.0.0.10 \n10.0.0.20;\n", "[TREE_ROOT_SECTION]\n  range 10.0.0.10 10.0.0.20;\n"},

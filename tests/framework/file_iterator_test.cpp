@@ -79,6 +79,12 @@ TEST_F(FileReading, ProgramsThatAreStartedMeanwhileDoNotGetTheFile) {
   EXPECT_EQ(fcntl(DescriptorOf(path), F_GETFD), FD_CLOEXEC);
 }
 
+TEST_F(FileReading, PathConvertsToItsBytes) {
+  const std::string path = scratch_.Write("short", "abcdef");
+  const auto BytesOf = [](FileIterator&& file) { return Rest(file, 16); };
+  EXPECT_EQ(BytesOf(path.c_str()), "abcdef");
+}
+
 TEST_F(FileReading, EmptyFileIsAtItsEndAtOnce) {
   FileIterator file(scratch_.Write("empty", "").c_str());
   EXPECT_EQ(Rest(file, 16), "");

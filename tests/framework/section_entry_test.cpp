@@ -90,7 +90,7 @@ TEST(SectionEntry, CopyIsIndependent) {
   EXPECT_STREQ(copy.GetComment(), "#");
 }
 
-TEST(SectionEntry, AssignmentTakesOverKeyAndCommentOrTheWantOfOne) {
+TEST(SectionEntry, AssignmentCopiesKeyAndCommentOrTheWantOfOne) {
   CfSectionEntry live;
   live.SetKeyName("max-lease-time 7200;");
   CfSectionEntry commented;
@@ -103,6 +103,8 @@ TEST(SectionEntry, AssignmentTakesOverKeyAndCommentOrTheWantOfOne) {
   target = live;
   EXPECT_STREQ(target.GetKeyName(), "max-lease-time 7200;");
   EXPECT_EQ(target.GetComment(), nullptr);
+  EXPECT_STREQ(live.GetKeyName(), "max-lease-time 7200;");
+  EXPECT_STREQ(commented.GetKeyName(), "max-lease-time 60;");
   EXPECT_STREQ(commented.GetComment(), "#");
 }
 

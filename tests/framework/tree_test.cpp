@@ -242,6 +242,110 @@ TEST_F(TreeNodeTest, NullChildrenArePassedOver) {
   EXPECT_EQ(top->children, nullptr);
 }
 
+// ---- lists that grow during a walk ----
+
+/// Hangs "new", with "below" in it, behind the nodes below `parent` when the calls reach `at`.
+struct Growth {
+  TreeNode* parent;
+  std::string at;
+  std::string calls;
+
+  bool Call(const std::string& call) {
+    calls += (calls.empty() ? "" : " ") + call;
+    if (call == at) Attach(*parent, Node("new", {Node("below")}));
+    return true;
+  }
+};
+
+Growth growth;  // of the forms that hand over no context
+
+bool GrowBefore(CfSection& section) {
+  return growth.Call(std::string("+") + section.GetName());
+}
+
+bool GrowAfter(CfSection& section) {
+  return growth.Call(std::string("-") + section.GetName());
+}
+
+bool GrowBeforeIn(void* context, CfSection& section) {
+  return static_cast<Growth*>(context)->Call(std::string("+") + section.GetName());
+}
+
+bool GrowAfterIn(void* context, CfSection& section) {
+  return static_cast<Growth*>(context)->Call(std::string("-") + section.GetName());
+}
+
+template <class Walk>
+std::string CallsWhileGrowing(const char* parent, const char* at, Walk walk) {
+  const auto top = Family();
+  growth = {top->FindIf(Named(parent), SameName), at, ""};
+  walk(*top);
+  return growth.calls;
+}
+
+TEST_F(TreeNodeTest, NodeThatIsAppendedDuringAVisitIsVisitedToo) {
+  const struct {
+    const char* parent;
+    const char* at;
+    const char* calls;
+  } kRows[] = {
+      // behind the last node, when the visit is there
+      {"top", "+c", "+top +a +a1 +a11 +a2 +b +c +new +below"},
+      {"a", "+a2", "+top +a +a1 +a11 +a2 +new +below +b +c"},
+      // behind a last node that the visit is below
+      {"a1", "+a11", "+top +a +a1 +a11 +new +below +a2 +b +c"},
+      // behind nodes that the visit has still to come to
+      {"top", "+top", "+top +a +a1 +a11 +a2 +b +c +new +below"},
+      {"top", "+a11", "+top +a +a1 +a11 +a2 +b +c +new +below"},
+      // below a node that had none
+      {"c", "+c", "+top +a +a1 +a11 +a2 +b +c +new +below"},
+      {"c", "+a", "+top +a +a1 +a11 +a2 +b +c +new +below"},
+  };
+  for (const auto& row : kRows) {
+    EXPECT_EQ(CallsWhileGrowing(row.parent, row.at,
+                                [](TreeNode& top) { return top.TraverseDo(GrowBefore); }),
+              row.calls)
+        << row.parent << ", " << row.at;
+  }
+}
+
+TEST_F(TreeNodeTest, NodeThatIsAppendedDuringAWalkIsWalkedToo) {
+  const struct {
+    const char* parent;
+    const char* at;
+    const char* calls;
+  } kRows[] = {
+      // behind the last node, when the walk is there
+      {"top", "+c",
+       "+top +a +a1 +a11 -a11 -a1 +a2 -a2 -a +b -b +c -c +new +below -below -new -top"},
+      {"top", "-c",
+       "+top +a +a1 +a11 -a11 -a1 +a2 -a2 -a +b -b +c -c +new +below -below -new -top"},
+      {"a", "-a2", "+top +a +a1 +a11 -a11 -a1 +a2 -a2 +new +below -below -new -a +b -b +c -c -top"},
+      {"a1", "-a11",
+       "+top +a +a1 +a11 -a11 +new +below -below -new -a1 +a2 -a2 -a +b -b +c -c -top"},
+      // behind nodes that the walk has still to come to
+      {"top", "-a",
+       "+top +a +a1 +a11 -a11 -a1 +a2 -a2 -a +b -b +c -c +new +below -below -new -top"},
+      // below a node that had none
+      {"c", "+c", "+top +a +a1 +a11 -a11 -a1 +a2 -a2 -a +b -b +c +new +below -below -new -c -top"},
+      // too late
+      {"c", "-c", "+top +a +a1 +a11 -a11 -a1 +a2 -a2 -a +b -b +c -c -top"},
+      {"a", "-a", "+top +a +a1 +a11 -a11 -a1 +a2 -a2 -a +b -b +c -c -top"},
+  };
+  for (const auto& row : kRows) {
+    EXPECT_EQ(
+        CallsWhileGrowing(row.parent, row.at,
+                          [](TreeNode& top) { return top.TraverseDo(GrowBefore, GrowAfter); }),
+        row.calls)
+        << row.parent << ", " << row.at;
+    EXPECT_EQ(CallsWhileGrowing(
+                  row.parent, row.at,
+                  [](TreeNode& top) { return top.TraverseDo(&growth, GrowBeforeIn, GrowAfterIn); }),
+              row.calls)
+        << row.parent << ", " << row.at;
+  }
+}
+
 // ---- derived nodes ----
 
 /// Tells of the walks that reach it, and of its end.
@@ -292,7 +396,6 @@ TEST_F(TreeNodeTest, OverridesOfADerivedNodeAreCalledOnEveryLevel) {
   EXPECT_EQ(tale, "end a11 end a1");
 }
 
-/// Keeps every walk out of itself and what is below it.
 /// A node that wants more than the usual alignment.
 struct alignas(64) WideNode : TreeNode {
   using TreeNode::TreeNode;
@@ -307,6 +410,7 @@ TEST_F(TreeNodeTest, DerivedNodeOfAnyAlignmentIsDeletedWithTheOthers) {
   EXPECT_EQ(top.children, nullptr);
 }
 
+/// Keeps every walk out of itself and what is below it.
 class ClosedNode : public TreeNode {
  public:
   using TreeNode::TraverseDo;

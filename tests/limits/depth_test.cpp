@@ -82,7 +82,7 @@ void ExpectSearched(Opened<Family>& file) {
     EXPECT_EQ(file.GetTreeItemByNameAt("host missing", nullptr), nullptr);
     EXPECT_EQ(file.GetTreeItemByNameAt("group", nullptr), outermost->children->front());
   }
-  EXPECT_TRUE(file.GotoSection("innermost", SectionTypes::SECTION_HOST));
+  EXPECT_TRUE(file.GotoSection("innermost", SECTION_HOST));
   typename Family::Section record;
   EXPECT_TRUE(file.GetSectionByName(record, "innermost"));
   EXPECT_FALSE(file.GetHostByIp("10.0.0.1", record, false));

@@ -69,8 +69,8 @@ void ExpectLastHostFound(File& file) {
   const std::string last = "h" + Number(kMany - 1);
   const std::string line = "log l" + Number(kMany - 1) + ";";
   for (int i = 0; i != 4; ++i) {
-    EXPECT_TRUE(file.GotoSection(last.c_str(), SectionTypes::SECTION_HOST));
-    EXPECT_FALSE(file.GotoSection("missing", SectionTypes::SECTION_HOST));
+    EXPECT_TRUE(file.GotoSection(last.c_str(), SECTION_HOST));
+    EXPECT_FALSE(file.GotoSection("missing", SECTION_HOST));
     typename File::Section found;
     ASSERT_TRUE(file.GetSectionByKeyname(line.c_str(), found, true));
     EXPECT_EQ(found.params.front().value, last);
@@ -123,7 +123,7 @@ TYPED_TEST(Width, AMillionLinesInOneBlockAreReadAsARecordAndReplaced) {
   GivenManyLines(*this);
   auto& file = this->Conf();
   typename TypeParam::Section record;
-  record.type = SectionTypes::SECTION_SUBNET;
+  record.type = SECTION_SUBNET;
   ASSERT_TRUE(file.GetFirstSection(record, true));
   ASSERT_EQ(record.params.size(), kMany + 1);  // the name too
   EXPECT_EQ(record.params.back().value, "max-lease-time 60;");
@@ -139,7 +139,7 @@ TYPED_TEST(Width, OneOfAMillionLinesInOneBlockIsChangedAndSaved) {
   GivenManyLines(*this);
   auto& file = this->Conf();
   typename TypeParam::Section record;
-  record.type = SectionTypes::SECTION_SUBNET;
+  record.type = SECTION_SUBNET;
   ASSERT_TRUE(file.GetFirstSection(record, false));
   ASSERT_EQ(record.params.size(), 2U);
   EXPECT_EQ(record.params.back().value, "60");

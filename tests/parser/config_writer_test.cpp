@@ -498,6 +498,35 @@ TEST_F(ConfigWriterSteps, TextIsWrittenUpToItsEndAndItsBytesAreCounted) {
   EXPECT_EQ(Written(), "deny b;\n");
 }
 
+/// Writes texts of its own around its block and in it.
+class RemarkingNode : public TreeNode {
+ public:
+  using TreeNode::TraverseDo;
+  using TreeNode::TreeNode;
+
+  bool TraverseDo(void* ctx, bool (*pre)(void*, CfSection&),
+                  bool (*post)(void*, CfSection&)) override {
+    DhcpParser& parser = *static_cast<DhcpParser*>(ctx);
+    EXPECT_EQ(parser.WriteBuff("# before\n"), 9U);
+    pre(ctx, section);
+    EXPECT_EQ(parser.WriteBuff("# inside\n"), 9U);
+    post(ctx, section);
+    EXPECT_EQ(parser.WriteBuff("# behind\n"), 9U);
+    return true;
+  }
+};
+
+TEST_F(ConfigWriterSteps, TextOfANodeOfACallersOwnStandsWhereItWasWritten) {
+  const auto tree = TreeOf("deny a;\nhost a {\ndeny b;\n}\n");
+  TreeNode& root = *tree->topNode.children->front();
+  root.children->push_back(new RemarkingNode(&root, section_));
+  root.children->push_back(new TreeNode(&root, section_));
+  EXPECT_EQ(Saved(tree.get()),
+            "deny a;\n\nhost a\n{\n\tdeny b;\n}\n"
+            "# before\n\nhost a\n{\n\tdeny b;\n# inside\n}\n# behind\n"
+            "\nhost a\n{\n\tdeny b;\n}\n");
+}
+
 TEST_F(ConfigWriterSteps, BlockWithoutAnOpenFileIsNotWritten) {
   EXPECT_TRUE(parser_.WriteSection(section_));
   EXPECT_EQ(parser_.WriteSectionEnd(section_), 0);

@@ -129,6 +129,53 @@ TEST(RoundTrip, SecondCycleOfTheExampleFilesGivesTheBytesAndTheTreeOfTheFirst) {
   }
 }
 
+// ---- texts that do not come back ----
+
+/// The whole tree, with what hangs beside the root.
+std::string WholeTree(const std::string& text) {
+  DhcpParser parser;
+  CfSectionHolder holder;
+  EXPECT_TRUE(parser.ParseBuffer(text.c_str(), &holder));
+  return TreeText(holder);
+}
+
+TEST(RoundTrip, TextsOutOfOrderComeBackAsAnotherTree) {
+  const struct {
+    const char* what;
+    const char* text;
+    const char* tree;
+    const char* written;
+    const char* treeOfWritten;
+  } kRows[] = {
+      {"a block that is closed on the line of its brace", "host a { }\nx 1;\n",
+       "[TREE_ROOT_SECTION]\n  [host a  }]\n    x 1;\n", "\nhost a  }\n{\n\tx 1;\n}\n",
+       "[TREE_ROOT_SECTION]\n[host a]\n  x 1;\n"},
+      {"a comment behind a brace", "host a { # main\nx 1;\n}\n",
+       "[TREE_ROOT_SECTION]\n  [host a  # main]\n    x 1;\n", "\nhost a  # main\n{\n\tx 1;\n}\n",
+       "[TREE_ROOT_SECTION]\n  #host a   main\n  []\n    x 1;\n"},
+      {"a brace too many", "x 1;\n}\ny 2;\nhost a {\n}\n",
+       "y 2;\n[TREE_ROOT_SECTION]\n  x 1;\n[host a]\n", "x 1;\n", "[TREE_ROOT_SECTION]\n  x 1;\n"},
+      {"a brace that opens no block", "if a = \"b;c\" {\n}\nx 1;\n",
+       "x 1;\n[TREE_ROOT_SECTION]\n  if a = \"b;c\" {\n", "if a = \"b;c\" {\n",
+       "[TREE_ROOT_SECTION]\n  if a = \"b;c\" {\n"},
+      {"a block named like the root", "x 1;\nTREE_ROOT_SECTION {\ny 2;\n}\n",
+       "[TREE_ROOT_SECTION]\n  x 1;\n  [TREE_ROOT_SECTION]\n    y 2;\n", "x 1;\ny 2;\n",
+       "[TREE_ROOT_SECTION]\n  x 1;\n  y 2;\n"},
+      {"a quoted text over two lines", "a \"x\ny\";b\" c;\n",
+       "[TREE_ROOT_SECTION]\n  a \"xy\";b\" c;\n", "a \"xy\";b\" c;\n",
+       "[TREE_ROOT_SECTION]\n  a \"xy\";\n  b\" c;\n"},
+      {"a carriage return in a line", "host a \r{\n}\n", "[TREE_ROOT_SECTION]\n  [host a \r]\n",
+       "\nhost a \r\n{\n}\n", "[TREE_ROOT_SECTION]\n  [host a]\n"},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.what);
+    EXPECT_EQ(WholeTree(row.text), row.tree);
+    const std::string written = Cycle(row.text).written;
+    EXPECT_EQ(written, row.written);
+    EXPECT_EQ(WholeTree(written), row.treeOfWritten);
+  }
+}
+
 // ---- what the first cycle does not keep ----
 
 struct Row {

@@ -14,7 +14,6 @@
 namespace {
 
 using TreeNode = Tree<CfSection>::TreeNode;
-using Types = klepur::SectionTypes;
 
 const char* wrong = nullptr;
 
@@ -78,7 +77,7 @@ struct V6 {
 };
 
 template <class Family>
-typename Family::Section Record(Types::SectionType type, const char* name) {
+typename Family::Section Record(typename Family::Section::SectionType type, const char* name) {
   typename Family::Section record;
   record.type = type;
   record.params = {{false, Family::kName, name}, {false, Family::kMaxLeaseTime, "60"}};
@@ -87,6 +86,7 @@ typename Family::Section Record(Types::SectionType type, const char* name) {
 
 template <class Family>
 void WalkAndSearch(typename Family::File& file) {
+  using Types = typename Family::Section;
   typename Family::Section record;
   for (const auto type : {Types::SECTION_GLOBAL, Types::SECTION_SHARED_NETWORK,
                           Types::SECTION_SUBNET, Types::SECTION_HOST, Types::SECTION_IF}) {
@@ -117,6 +117,7 @@ void WalkAndSearch(typename Family::File& file) {
 
 template <class Family>
 void Edit(typename Family::File& file) {
+  using Types = typename Family::Section;
   const auto host = Record<Family>(Types::SECTION_HOST, "b");
   const auto known = Record<Family>(Types::SECTION_IF, "unknown");
   Expect(file.AddSection(host) == 1, "AddSection");
@@ -142,6 +143,7 @@ void Edit(typename Family::File& file) {
 
 template <class Family>
 void ConvertAndCut(typename Family::File& file) {
+  using Types = typename Family::Section;
   typename Family::Section tree;
   typename Family::Section back;
   Expect(file.DhcpToTree(Record<Family>(Types::SECTION_HOST, "x"), tree), "DhcpToTree");

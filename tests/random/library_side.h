@@ -22,7 +22,7 @@ class LibrarySide final : public Side {
  public:
   using TreeNode = Tree<CfSection>::TreeNode;
   using Section = typename Family::Section;
-  using Type = SectionTypes::SectionType;
+  using Type = typename Section::SectionType;
 
   /// The class under test with its members in reach.
   class File : public Family::File {

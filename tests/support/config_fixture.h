@@ -22,7 +22,7 @@ namespace klepur::test {
 template <class Section>
 std::string RecordText(const Section& record) {
   std::string text = std::to_string(static_cast<int>(record.type));
-  for (const SectionParam& param : record.params) {
+  for (const auto& param : record.params) {
     text += std::string(" | ") + (param.commented ? "#" : "") + std::to_string(param.type) + "=" +
             param.value;
   }

@@ -14,26 +14,22 @@
 namespace klepur::test {
 
 /// Numbers that are no kind of block.
-inline constexpr SectionTypes::SectionType kNoKinds[] = {
-    static_cast<SectionTypes::SectionType>(5), static_cast<SectionTypes::SectionType>(-1),
-    static_cast<SectionTypes::SectionType>(INT_MAX),
-    static_cast<SectionTypes::SectionType>(INT_MIN)};
+inline constexpr EitherKind kNoKinds[] = {{5}, {-1}, {INT_MAX}, {INT_MIN}};
 
 /// A family and one of the two kinds of block that are edited below a subnet. "@kind" in a text is
 /// the keyword of the kind.
-template <class F, SectionTypes::SectionType kKindOfBlock>
+template <class F, EitherKind kKindOfBlock>
 struct WithKind : F {
-  static constexpr SectionTypes::SectionType kKind = kKindOfBlock;
-  static constexpr bool kIsHost = kKind == SectionTypes::SECTION_HOST;
+  static constexpr EitherKind kKind = kKindOfBlock;
+  static constexpr bool kIsHost = kKind == SECTION_HOST;
 
   static std::string Text(std::string_view text) {
     return Replace(F::Text(text), {{"@kind", kIsHost ? "host" : "if"}});
   }
 };
 
-using FamiliesAndKinds = ::testing::Types<
-    WithKind<V4, SectionTypes::SECTION_HOST>, WithKind<V4, SectionTypes::SECTION_IF>,
-    WithKind<V6, SectionTypes::SECTION_HOST>, WithKind<V6, SectionTypes::SECTION_IF>>;
+using FamiliesAndKinds = ::testing::Types<WithKind<V4, SECTION_HOST>, WithKind<V4, SECTION_IF>,
+                                          WithKind<V6, SECTION_HOST>, WithKind<V6, SECTION_IF>>;
 
 struct FamilyAndKindNames {
   template <class Family>
@@ -54,7 +50,7 @@ class EditFixture : public NavigationFixture<Family> {
   /// As Record, with "#" before the value of a parameter that is commented out.
   static Section Marked(Type type, Params params) {
     Section record = NavigationFixture<Family>::Record(type, params);
-    for (SectionParam& param : record.params) {
+    for (auto& param : record.params) {
       param.commented = param.value.starts_with('#');
       if (param.commented) param.value.erase(0, 1);
     }

@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 #include <klepur/klepur.h>
 
+#include <ostream>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -15,6 +17,25 @@ namespace klepur::test {
 /// Each first text of `words` in `text` replaced by the second.
 std::string Replace(std::string text,
                     const std::vector<std::pair<std::string_view, std::string_view>>& words);
+
+/// A kind of block for tests that run for both families: it converts to the enumeration of each.
+struct EitherKind {
+  int number;
+
+  template <class SectionType, class = std::enable_if_t<std::is_enum_v<SectionType>>>
+  constexpr operator SectionType() const {
+    return static_cast<SectionType>(number);
+  }
+
+  friend constexpr bool operator==(EitherKind, EitherKind) = default;
+  friend std::ostream& operator<<(std::ostream& out, EitherKind kind) { return out << kind.number; }
+};
+
+inline constexpr EitherKind SECTION_GLOBAL = {0};
+inline constexpr EitherKind SECTION_SHARED_NETWORK = {1};
+inline constexpr EitherKind SECTION_SUBNET = {2};
+inline constexpr EitherKind SECTION_HOST = {3};
+inline constexpr EitherKind SECTION_IF = {4};
 
 /// DHCPv4. Text() puts the family's words in place of these, in file texts and expected texts
 /// alike:

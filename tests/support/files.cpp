@@ -5,7 +5,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
+#include <utility>
 
 namespace klepur::test {
 
@@ -35,7 +36,9 @@ std::string ScratchFolder::Write(std::string_view name, std::string_view content
 std::string ReadFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file) << path;
-  return {std::istreambuf_iterator<char>(file), {}};
+  std::ostringstream text;
+  text << file.rdbuf();
+  return std::move(text).str();
 }
 
 std::string WithCarriageReturns(std::string_view text) {

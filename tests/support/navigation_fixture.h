@@ -66,7 +66,7 @@ class NavigationFixture : public ConfigFixture<Family> {
   using typename ConfigFixture<Family>::Section;
   using typename ConfigFixture<Family>::TreeNode;
   using typename ConfigFixture<Family>::File;
-  using Type = SectionTypes::SectionType;
+  using Type = typename Section::SectionType;
 
   static std::string Text(std::string_view text) { return Family::Text(text); }
 
@@ -98,7 +98,7 @@ class NavigationFixture : public ConfigFixture<Family> {
   }
 
   std::string NextAfter(const Section& current, bool rawEntries = false) {
-    return Fetched(SectionTypes::SECTION_GLOBAL, [&](Section& record) {
+    return Fetched(SECTION_GLOBAL, [&](Section& record) {
       return this->Conf().GetNextSection(current, record, rawEntries);
     });
   }
@@ -114,60 +114,58 @@ class NavigationFixture : public ConfigFixture<Family> {
   }
 
   std::string ByLine(const char* line, bool rawEntries = false) {
-    return Fetched(SectionTypes::SECTION_GLOBAL, [&](Section& record) {
+    return Fetched(SECTION_GLOBAL, [&](Section& record) {
       return this->Conf().GetSectionByKeyname(Expanded(line).Get(), record, rawEntries);
     });
   }
 
   std::string HostByName(const char* name, bool rawEntries = false) {
-    return Fetched(SectionTypes::SECTION_GLOBAL, [&](Section& record) {
+    return Fetched(SECTION_GLOBAL, [&](Section& record) {
       return this->Conf().GetHostByName(Expanded(name).Get(), record, rawEntries);
     });
   }
 
   std::string HostByIp(const char* ip, bool rawEntries = false) {
-    return Fetched(SectionTypes::SECTION_GLOBAL, [&](Section& record) {
+    return Fetched(SECTION_GLOBAL, [&](Section& record) {
       return this->Conf().GetHostByIp(Expanded(ip).Get(), record, rawEntries);
     });
   }
 
   std::string HostByMac(const char* mac, bool rawEntries = false) {
-    return Fetched(SectionTypes::SECTION_GLOBAL, [&](Section& record) {
+    return Fetched(SECTION_GLOBAL, [&](Section& record) {
       return this->Conf().GetHostByMACAddress(Expanded(mac).Get(), record, rawEntries);
     });
   }
 
   /// The two walking operations with every kind that they take; all hit in kOffice as opened.
   std::vector<std::string> Walks() {
-    using S = SectionTypes;
-    return {First(S::SECTION_GLOBAL),
-            First(S::SECTION_SHARED_NETWORK),
-            First(S::SECTION_SUBNET),
-            First(S::SECTION_HOST),
-            First(S::SECTION_IF),
-            NextAfter(S::SECTION_HOST, "a"),
-            NextAfter(S::SECTION_IF, "known"),
-            Next(S::SECTION_SUBNET),
-            Next(S::SECTION_SHARED_NETWORK)};
+    return {First(SECTION_GLOBAL),
+            First(SECTION_SHARED_NETWORK),
+            First(SECTION_SUBNET),
+            First(SECTION_HOST),
+            First(SECTION_IF),
+            NextAfter(SECTION_HOST, "a"),
+            NextAfter(SECTION_IF, "known"),
+            Next(SECTION_SUBNET),
+            Next(SECTION_SHARED_NETWORK)};
   }
 
   /// The other operations with every kind that they take; all hit in kOffice as opened.
   std::vector<std::string> Lookups() {
-    using S = SectionTypes;
     return {ByLine("log b;"),
             HostByName("a"),
             HostByIp("@ip1"),
             HostByMac("00:00:00:00:00:0a"),
-            ByName(S::SECTION_GLOBAL, nullptr),
-            ByName(S::SECTION_SHARED_NETWORK, "office"),
-            ByName(S::SECTION_SUBNET, "@bare1"),
-            ByName(S::SECTION_HOST, "a"),
-            ByName(S::SECTION_IF, "known"),
-            Goto("office", S::SECTION_SHARED_NETWORK),
-            Goto("@bare1", S::SECTION_SUBNET),
-            Goto("a", S::SECTION_HOST),
-            Goto("known", S::SECTION_IF),
-            Goto(nullptr, S::SECTION_GLOBAL)};
+            ByName(SECTION_GLOBAL, nullptr),
+            ByName(SECTION_SHARED_NETWORK, "office"),
+            ByName(SECTION_SUBNET, "@bare1"),
+            ByName(SECTION_HOST, "a"),
+            ByName(SECTION_IF, "known"),
+            Goto("office", SECTION_SHARED_NETWORK),
+            Goto("@bare1", SECTION_SUBNET),
+            Goto("a", SECTION_HOST),
+            Goto("known", SECTION_IF),
+            Goto(nullptr, SECTION_GLOBAL)};
   }
 
  private:
