@@ -132,7 +132,6 @@ TEST_P(Refusal, OfNamesThatNothingCanBe) {
       EXPECT_EQ(error.Code(), ErrorCode::kBadText);
     }
     EXPECT_EQ(Doc().Walk("host").size(), 2U) << text;
-    EXPECT_NE(Text(), "");
   }
 }
 

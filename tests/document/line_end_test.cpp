@@ -216,10 +216,13 @@ TEST_P(EndOfFile, WithoutALineEndIsLeftSoByAnEditAbove) {
 }
 
 TEST_P(EndOfFile, WithoutALineEndBehindACommentKeepsThatClosed) {
-  Given("max-lease-time 600; # ten minutes");
+  Given(
+      "authoritative;\n"
+      "max-lease-time 600; # ten minutes");
   Node added;
   Edit([&] { added = Root().Add("min-lease-time 60;"); });
   EXPECT_EQ(Text(),
+            "authoritative;\n"
             "max-lease-time 600; # ten minutes\n"
             "min-lease-time 60;");
   Edit([&] { added.Remove(); });
@@ -227,10 +230,13 @@ TEST_P(EndOfFile, WithoutALineEndBehindACommentKeepsThatClosed) {
 }
 
 TEST_P(EndOfFile, WithoutALineEndBehindCommentsOnly) {
-  Given("# nothing yet");
+  Given(
+      "# head\n"
+      "# nothing yet");
   Node added;
   Edit([&] { added = Root().Add("authoritative;"); });
   EXPECT_EQ(Text(),
+            "# head\n"
             "# nothing yet\n"
             "\n"
             "authoritative;");
@@ -260,7 +266,9 @@ TEST_P(EndOfFile, WithoutALineEndLosesItsLastLine) {
 }
 
 TEST_P(EndOfFile, TwoAddedBehindAMissingLineEndGoInAnyOrder) {
-  Given("group { filename \"a\"; }");
+  Given(
+      "authoritative;\n"
+      "group { filename \"a\"; }");
   for (const bool first_goes_first : {true, false}) {
     Node one;
     Node two;
@@ -269,6 +277,7 @@ TEST_P(EndOfFile, TwoAddedBehindAMissingLineEndGoInAnyOrder) {
       two = Root().Add("host b { fixed-address 10.0.0.2; }");
     });
     EXPECT_EQ(Text(),
+              "authoritative;\n"
               "group { filename \"a\"; }\n"
               "host a { fixed-address 10.0.0.1; }\n"
               "host b { fixed-address 10.0.0.2; }");

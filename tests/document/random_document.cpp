@@ -214,7 +214,7 @@ std::string RandomBlock(Chance& chance) {
     case 1:
       return name + " {\n  " + first + "\n  " + second + "\n}";
     case 2:
-      return "group\n{\n" + name + " {" + first + second + "}\n}\n";
+      return "group\n{\n" + name + " {" + first + second + "}\n}";
     default:
       return name + " {}";
   }

@@ -90,14 +90,11 @@ class Round {
 
   /// Edits until something does not hold; true when everything does.
   bool Run() {
-    if (!broken_ && !document_.Findings().empty()) return Complain("a finding", "");
-    if (!IsSound()) return false;
-    for (std::size_t count = chance_.Between(1, 15); count > 0; --count) {
-      if (!Step()) return false;
+    try {
+      return RunEdits();
+    } catch (const std::exception& exception) {
+      return Complain("an exception", exception.what());
     }
-    document_.RollBack(start_);
-    log_.push_back("roll back to the start");
-    return Same("all taken back", first_, document_.Text()) && IsSound();
   }
 
   /// What does not hold, and how to see it again.
@@ -111,6 +108,17 @@ class Round {
   }
 
  private:
+  bool RunEdits() {
+    if (!broken_ && !document_.Findings().empty()) return Complain("a finding", "");
+    if (!IsSound()) return false;
+    for (std::size_t count = chance_.Between(1, 15); count > 0; --count) {
+      if (!Step()) return false;
+    }
+    document_.RollBack(start_);
+    log_.push_back("roll back to the start");
+    return Same("all taken back", first_, document_.Text()) && IsSound();
+  }
+
   std::string FirstText() {
     std::string text = RandomDocumentText(chance_);
     if (!broken_ || text.empty()) return text;
@@ -577,12 +585,9 @@ class Round {
   std::vector<Region> Regions(const Plan& plan) const {
     std::vector<Region> regions;
     for (Node block : plan.parents) {
-      // A block on one line may open, and with it the one around it.
-      while (block && !IsOf(block, NodeKind::kFile) && block.Begin().line == block.End().line) {
-        if (IsOf(block.Parent(), NodeKind::kFile)) break;
-        block = block.Parent();
-      }
+      // A block on one line may open or close, and with it the one around it.
       if (!block || IsOf(block, NodeKind::kFile)) return {};
+      while (!IsOf(block.Parent(), NodeKind::kFile)) block = block.Parent();
       regions.push_back({block.Begin().line, block.End().line});
     }
     return regions;
