@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <klepur/document/node_text.h>
+#include <klepur/document/structure_words.h>
 #include <klepur/document/words_of_text.h>
 
 namespace klepur::internal {
@@ -132,6 +133,14 @@ std::optional<bool> Neighbours::IsQuoted(std::string_view key) const {
       const ValuePlace value = ValueIn(text);
       if (value.begin != value.end) return text[value.begin] == '"';
     }
+  }
+  return std::nullopt;
+}
+
+std::optional<bool> Neighbours::BranchesContinueLines() const {
+  for (const NodeId id : near_) {
+    if (!state_.IsBlock(id) || WordOf(state_.tree[id].word).begins != Begins::kBranch) continue;
+    return !BeginsLine(state_, id);
   }
   return std::nullopt;
 }

@@ -38,9 +38,10 @@ class Neighbours {
   /// Whether names of blocks of this key, or values of statements of this key, stand between quotes;
   /// nothing when there is none in sight.
   std::optional<bool> IsQuoted(std::string_view key) const;
+  /// Whether an "elsif" or "else" stands on the line of the "}" before it; nothing when there is none.
+  std::optional<bool> BranchesContinueLines() const;
 
  private:
-  NodeId Before(NodeId id);
   template <class Fits>
   NodeId Nearest(std::string_view key, const Fits& fits) const;
   bool Holds(NodeId id) const { return state_.tree.IsBelow(place_.parent, id); }

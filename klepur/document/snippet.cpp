@@ -40,7 +40,7 @@ bool LacksBlock(const SyntaxNode& node, std::string_view text) {
 
 bool IsWhole(const SyntaxNode& node, std::string_view text) {
   return node.kind != NodeKind::kStray && !node.unfinished && !node.open_quote &&
-         !LacksBlock(node, text);
+         !UpToLastWord(text).empty() && !LacksBlock(node, text);
 }
 
 }  // namespace
@@ -51,7 +51,7 @@ Snippet::Snippet(std::string_view text, std::uint8_t parent_word)
   StructureReader(tree_, text_.view(), kBase).Read(kRoot);
   if (tree_.Count() < 2) throw Error(ErrorCode::kBadText, "there is nothing to add in the text");
   for (NodeId id = 1; id < tree_.Count(); ++id) {
-    if (IsWhole(tree_[id], OwnText(id))) continue;
+    if (tree_[id].kind == NodeKind::kComment || IsWhole(tree_[id], OwnText(id))) continue;
     throw Error(ErrorCode::kBadText, "\"" + std::string(text) + "\" is not whole statements");
   }
   for (NodeId id = 1; id != kNoNode; id = tree_[id].next) {
@@ -85,11 +85,15 @@ bool Snippet::IsTrailing(NodeId comment) const {
          (tree_[comment].previous != kNoNode || tree_[comment].parent != kRoot);
 }
 
-/// Whether it is an "else" on the line of the "}" before it.
-bool Snippet::ContinuesLine(NodeId id) const {
-  return tree_[id].kind == NodeKind::kBlock && WordOf(tree_[id].word).begins == Begins::kBranch &&
-         tree_[id].previous != kNoNode &&
-         tree_[tree_[id].previous].kind == NodeKind::kBlock && !HasLineEnd(GapBefore(id));
+/// Whether it is an "else" that goes on the line of the "}" before it.
+bool Snippet::ContinuesLine(NodeId id, const Neighbours& neighbours) const {
+  const NodeId previous = tree_[id].previous;
+  if (tree_[id].kind != NodeKind::kBlock || previous == kNoNode ||
+      WordOf(tree_[id].word).begins != Begins::kBranch ||
+      tree_[previous].kind != NodeKind::kBlock) {
+    return false;
+  }
+  return neighbours.BranchesContinueLines().value_or(!HasLineEnd(GapBefore(id)));
 }
 
 std::string Snippet::StatementText(NodeId id, const Neighbours& neighbours) const {
@@ -172,7 +176,7 @@ class LineWriter {
 
   void BeginNode(NodeId id) {
     const bool first = snippet_.tree_[id].previous == kNoNode && indents_.size() == 1;
-    if (!first && (snippet_.IsTrailing(id) || snippet_.ContinuesLine(id))) {
+    if (!first && (snippet_.IsTrailing(id) || snippet_.ContinuesLine(id, neighbours_))) {
       text_ += ' ';
     } else if (!first) {
       if (snippet_.tree_[id].previous != kNoNode &&

@@ -21,6 +21,9 @@ class Snippet {
   std::string Key() const;
   bool IsBlock() const { return main_ != kNoNode && tree_[main_].kind == NodeKind::kBlock; }
   bool IsBranch() const;
+  bool EndsInCommentLine() const {
+    return tree_[last_].kind == NodeKind::kComment && !IsTrailing(last_);
+  }
   bool IsOneNode() const { return main_ == 1 && last_ == 1; }
 
   /// The text on one line, as the neighbours write such; empty when it is more than one statement or
@@ -43,7 +46,7 @@ class Snippet {
   std::string BlockOnOneLine(NodeId id, const Neighbours& neighbours) const;
   bool FitsOnOneLine(NodeId block) const;
   bool IsTrailing(NodeId comment) const;
-  bool ContinuesLine(NodeId id) const;
+  bool ContinuesLine(NodeId id, const Neighbours& neighbours) const;
 
   static constexpr Address kBase = 1;  // not 0, where a byte order mark could stand
 
