@@ -4,6 +4,7 @@
 
 #include <klepur/config4/dhcp_config_file.h>
 #include <klepur/config6/dhcpv6_config_file.h>
+#include <klepur/document/document.h>
 #include <klepur/framework/file_iterator.h>
 #include <klepur/framework/file_utility.h>
 #include <klepur/framework/lexer.h>

@@ -206,7 +206,7 @@ void CommentOutNode(DocumentState& state, NodeId id) {
     throw Error(ErrorCode::kBadPlace, "only statements and blocks can be commented out");
   }
   const NodeId end = LastGoingWith(state, id);
-  const NodeId trailing = OwnTrailingComment(state, end);
+  const NodeId trailing = TrailingComment(state, end);
   const NodeRun run = {id, trailing == kNoNode ? end : trailing};
   const Gap before = GapBefore(state, id);
   const Gap behind = GapBehind(state, run.last);

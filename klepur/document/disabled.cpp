@@ -50,38 +50,53 @@ bool HasTheFormOfItsWord(NodeKind kind, std::uint8_t number, std::string_view te
   return false;
 }
 
-bool IsBranch(const SyntaxNode& node) {
-  return node.kind == NodeKind::kBlock && WordOf(node.word).begins == Begins::kBranch;
+/// What a text begins with, behind blanks; empty when it is nothing whole.
+struct Extent {
+  NodeKind kind = NodeKind::kStray;
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+Extent FirstIn(std::string_view text) {
+  constexpr Address kBase = 1;  // a text of its own, that no byte order mark begins
+  const TextBuffer buffer(text);
+  SyntaxTree tree;
+  StructureReader reader(tree, buffer.view(), kBase);
+  reader.ReadFirst(kRoot);
+  if (tree.Count() < 2 || reader.IsMalformed()) return {};
+  const SyntaxNode& node = tree[1];
+  return {node.kind, node.begin - kBase, node.end - kBase};
+}
+
+/// Where an "elsif" or "else" stands that goes on behind a block, over blanks and comments.
+std::size_t BranchBehind(std::string_view text, std::size_t end) {
+  const std::string_view word = FirstWord(text.substr(end));
+  if (WordOf(NumberOf(word)).begins != Begins::kBranch) return std::string_view::npos;
+  return static_cast<std::size_t>(word.data() - text.data());
 }
 
 /// How many lines of the text the statement or block takes that it begins with, and the comment behind it;
 /// 0 unless that is whole and takes whole lines.
 std::size_t LinesOfWhole(std::string_view text) {
-  const TextBuffer buffer(text);
-  SyntaxTree tree;
-  StructureReader reader(tree, buffer.view(), 1);  // a text of its own, that no mark begins
-  const bool chain = WordOf(NumberOf(LeadingWord(text))).begins == Begins::kChain;
-  if (chain) {
-    reader.Read(kRoot);
-  } else {
-    reader.ReadFirst(kRoot);
-  }
-  if (tree.Count() < 2 || reader.IsMalformed()) return 0;
-  SyntaxNode node = tree[1];
-  for (NodeId next = node.next; chain && next != kNoNode; next = tree[next].next) {
-    if (tree[next].kind == NodeKind::kComment) continue;
-    if (!IsBranch(tree[next])) break;
-    node.end = tree[next].end;
-  }
-  const std::string_view own = text.substr(node.begin - 1, node.end - node.begin);
-  const std::string_view before = text.substr(0, node.begin - 1);
-  if (HasLineEnd(before) || !HasTheFormOfItsWord(node.kind, NumberOf(LeadingWord(own)), own)) {
+  const Extent first = FirstIn(text);
+  const std::string_view own = text.substr(first.begin, first.end - first.begin);
+  if (own.empty() || HasLineEnd(text.substr(0, first.begin)) ||
+      !HasTheFormOfItsWord(first.kind, NumberOf(LeadingWord(own)), own)) {
     return 0;
   }
-  const std::string_view behind = text.substr(node.end - 1);
+  std::size_t end = first.end;
+  if (WordOf(NumberOf(LeadingWord(own))).begins == Begins::kChain) {
+    for (std::size_t branch = BranchBehind(text, end); branch != std::string_view::npos;
+         branch = BranchBehind(text, end)) {
+      const Extent extent = FirstIn(text.substr(branch));
+      if (extent.kind != NodeKind::kBlock || extent.end == 0) return 0;
+      end = branch + extent.end;
+    }
+  }
+  const std::string_view behind = text.substr(end);
   const std::size_t next = behind.find_first_not_of(" \t\r");
   if (next != std::string_view::npos && behind[next] != '#' && behind[next] != '\n') return 0;
-  return CountLineEnds(own) + 1;
+  return CountLineEnds(text.substr(0, end)) + 1;
 }
 
 bool MarksAreFollowedByBlanks(const DocumentState& state, const std::vector<NodeId>& run,

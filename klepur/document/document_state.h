@@ -43,7 +43,7 @@ struct DocumentState {
   /// kinds clear it.
   std::map<std::pair<NodeId, std::string>, NodeId> last_of_key;
   std::size_t edits = 0;  ///< Counts all that changed the text, for who keeps something worked out of it.
-  bool malformed = false;  ///< Whether something in the text reaches to its end for lack of its own end.
+  bool malformed = false;  ///< Whether what reading found wrong could change what an edit means.
   int series = 0;         ///< How many series of edits are going on, one in another.
   bool unchecked = false; ///< Whether edits of a malformed text wait for the end of the series.
 

@@ -31,7 +31,7 @@ class EditMemory {
     kAlignment,  ///< The gap behind statement `node` while it had this text.
     kHeader,     ///< The header of block `node` while it had this name.
     kCommented,  ///< What node `node` was before it was commented out.
-    kMoved,      ///< The gaps around `node` while it stood behind `other`.
+    kMoved,      ///< The gaps around `node` while it stood behind `other` in the block of that number.
   };
   struct Key {
     About about;

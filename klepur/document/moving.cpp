@@ -88,8 +88,9 @@ Place Without(const DocumentState& state, Place place, const std::vector<NodeId>
   return place;
 }
 
+/// \param within  whether it comes from the same block, on whose line it may stand as it did.
 Address PutMoved(DocumentState& state, Place place, const Reindented& moved,
-                 const std::string& indent, const Placed& what) {
+                 const std::string& indent, const Placed& what, bool within) {
   const NodeId parent = place.gap.parent;
   const std::string& text = moved.Text();
   if (!IsMidLine(state, place)) {
@@ -98,7 +99,7 @@ Address PutMoved(DocumentState& state, Place place, const Reindented& moved,
   const bool below_comment = place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
   const bool in_one_line = parent != kRoot && IsOnOneLine(state, parent);
   if (!HasLineEnd(text) && text.find('#') == std::string::npos && !below_comment &&
-      !(in_one_line && what.is_block)) {
+      (within || !in_one_line || !what.is_block)) {
     return PutInLine(state, place, text);
   }
   if (!in_one_line) return PutBetweenLines(state, place, text, indent);
@@ -111,11 +112,9 @@ void RestoreGaps(DocumentState& state, NodeRun run) {
   const Gap before = GapBefore(state, run.first);
   const Gap behind = GapBehind(state, run.last);
   const Remembered* memory =
-      state.memory.Recall({EditMemory::About::kMoved, run.first, before.previous});
-  if (memory == nullptr || memory->nodes[0] != before.parent ||
-      memory->nodes[1] != NextOf(state, behind)) {
-    return;
-  }
+      state.memory.Recall({EditMemory::About::kMoved, run.first, before.previous,
+                           std::to_string(before.parent)});
+  if (memory == nullptr || memory->nodes.front() != NextOf(state, behind)) return;
   WriteGap(state, before, memory->texts[0]);
   WriteGap(state, behind, memory->texts[1]);
 }
@@ -144,7 +143,7 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
   const std::string old_indent = IndentOf(state, run.first);
   TakeOut(state, run);
   const Reindented moved(text, old_indent, indent);
-  const Address address = PutMoved(state, place, moved, indent, what);
+  const Address address = PutMoved(state, place, moved, indent, what, old_parent == parent);
   NodeId previous = place.gap.previous;
   for (const NodeId node : nodes) {
     Readdress(state, node, offsets, moved, address);

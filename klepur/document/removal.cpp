@@ -99,8 +99,9 @@ void TakeOut(DocumentState& state, NodeRun run) {
   if (memory != nullptr && memory->nodes.front() == next && !opened_since) {
     joined = memory->texts.front();
   }
-  state.memory.Remember({EditMemory::About::kMoved, run.first, before.previous},
-                        {{before.parent, next}, {gaps.before, gaps.behind}});
+  state.memory.Remember({EditMemory::About::kMoved, run.first, before.previous,
+                         std::to_string(before.parent)},
+                        {{next}, {gaps.before, gaps.behind}});
   const PieceText::Edge begin = BeginOf(state, before);
   const PieceText::Edge end = EndOf(state, behind);
   state.text.Replace(begin, end, {state.text.Append(joined)});

@@ -267,6 +267,7 @@ NodeId StructureReader::Add(NodeKind kind, const char* begin, const char* end) {
   node.parent = parent_;
   node.previous = previous_;
   node.kind = kind;
+  malformed_ = malformed_ || kind == NodeKind::kStray;
   const NodeId id = tree_.Append(node);
   if (previous_ != kNoNode) tree_.Made(previous_).next = id;
   previous_ = id;

@@ -35,7 +35,7 @@ class StructureReader {
   void Read(NodeId parent);
   /// The same, and stops behind the first of them.
   void ReadFirst(NodeId parent);
-  /// Whether something in it lacked its end: what is added to or taken from such a text can change what
+  /// Whether something in it lacked its end, or stood there alone: what is added to or taken from such a text can change what
   /// other parts of it mean.
   bool IsMalformed() const { return malformed_; }
 

@@ -167,7 +167,7 @@ void PutCommentsBehind(DocumentState& state, NodeId id) {
   const std::size_t end = UpToLastWord(text.substr(0, text.size() - 1)).size();
   const std::size_t line_end = text.find('\n', end);
   const std::size_t mark = text.find_first_not_of(" \t", end);
-  if (mark == std::string::npos || text[mark] != '#' ||
+  if (mark == std::string::npos || text[mark] != '#' || !EndsLine(state, id) ||
       text.find_first_not_of(" \t\r\n", line_end) != text.size() - 1) {
     return;
   }

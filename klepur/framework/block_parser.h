@@ -3,9 +3,9 @@
 #define KLEPUR_FRAMEWORK_BLOCK_PARSER_H
 
 #include <klepur/export.h>
-#include <klepur/framework/object_memory.h>
 #include <klepur/framework/parser_base.h>
 #include <klepur/framework/section_holder.h>
+#include <klepur/memory/object_memory.h>
 
 #include <cstdio>
 #include <functional>

@@ -1,4 +1,4 @@
-#include <klepur/framework/c_string.h>
+#include <klepur/memory/c_string.h>
 
 #include <gtest/gtest.h>
 
@@ -23,26 +23,6 @@ std::vector<std::string> TextsOfAllLengths() {
 
 TEST(CStringTest, IsEmptyAtFirst) {
   EXPECT_STREQ(Text().Get(), "");
-}
-
-TEST(CStringTest, MarkStaysWithItsObject) {
-  for (const std::string& text : TextsOfAllLengths()) {
-    Text marked(text);
-    EXPECT_FALSE(marked.IsMarked());
-    marked.SetMark(true);
-    EXPECT_EQ(marked.Get(), text);
-    const Text copy(marked);
-    EXPECT_FALSE(copy.IsMarked());
-    Text moved(std::move(marked));
-    EXPECT_FALSE(moved.IsMarked());
-    EXPECT_TRUE(marked.IsMarked());  // NOLINT(bugprone-use-after-move)
-    marked = std::move(moved);
-    EXPECT_TRUE(marked.IsMarked());
-    EXPECT_EQ(marked.Get(), text);
-    marked.SetMark(false);
-    EXPECT_FALSE(marked.IsMarked());
-    EXPECT_EQ(marked.Get(), text);
-  }
 }
 
 TEST(CStringTest, KeepsItsOwnCopyOfAText) {

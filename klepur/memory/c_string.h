@@ -11,8 +11,7 @@ namespace klepur::internal {
 /// An owned C string, empty at first, in an object of `Size` bytes.
 ///
 /// A text of up to `Size` - 2 characters stands in the object itself, so that most lines of a file
-/// need no memory of their own. Its owner may keep one bit in it: a mark, which neither copying nor
-/// moving takes along, and which assignment leaves alone.
+/// need no memory of their own.
 template <std::size_t Size>
 class CString {
  public:
@@ -33,15 +32,10 @@ class CString {
   /// The text; never null.
   const char* Get() const noexcept { return IsInline() ? bytes_ : Pointer(); }
 
-  bool IsMarked() const noexcept { return (state_ & kMarked) != 0; }
-  void SetMark(bool marked) noexcept { SetState(kMarked, marked); }
-
  private:
   static constexpr std::size_t kRoom = Size - 1;
 
-  enum State : unsigned char { kElsewhere = 1, kMarked = 2 };
-
-  bool IsInline() const noexcept { return (state_ & kElsewhere) == 0; }
+  bool IsInline() const noexcept { return !isElsewhere_; }
 
   char* Pointer() const noexcept {
     char* pointer = nullptr;
@@ -49,13 +43,9 @@ class CString {
     return pointer;
   }
 
-  void SetState(State state, bool on) noexcept {
-    state_ = static_cast<unsigned char>(on ? state_ | state : state_ & ~state);
-  }
-
   void SetEmpty() noexcept {
     bytes_[0] = 0;
-    SetState(kElsewhere, false);
+    isElsewhere_ = false;
   }
 
   void Assign(std::string_view text) {
@@ -63,14 +53,14 @@ class CString {
     if (text.size() >= kRoom) {
       place = new char[text.size() + 1];
       std::memcpy(bytes_, &place, sizeof place);
-      SetState(kElsewhere, true);
+      isElsewhere_ = true;
     }
     place[text.copy(place, text.size())] = 0;
   }
 
   void TakeOver(CString& other) noexcept {
     std::memcpy(bytes_, other.bytes_, kRoom);
-    SetState(kElsewhere, !other.IsInline());
+    isElsewhere_ = other.isElsewhere_;
     other.SetEmpty();
   }
 
@@ -79,7 +69,7 @@ class CString {
   }
 
   char bytes_[kRoom];  // the text, or a pointer to it
-  unsigned char state_ = 0;
+  bool isElsewhere_ = false;
 };
 
 }  // namespace klepur::internal

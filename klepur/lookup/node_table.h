@@ -25,8 +25,10 @@ class NodeTable {
   /// Takes a node out; does nothing when it is not there.
   void Erase(std::size_t hash, KnownNode* node);
 
-  /// Takes out all nodes.
-  void Clear() noexcept;
+  /// The node with a hash that no two nodes share; null when there is none.
+  KnownNode* Only(std::size_t hash) const {
+    return slots_.empty() ? nullptr : slots_[Find(hash)].node;
+  }
 
   /// The first node with this hash, from `start` on in the order of the file, that `accept` takes;
   /// null when there is none. A node that is the only one with its hash is found wherever it

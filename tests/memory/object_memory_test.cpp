@@ -1,6 +1,6 @@
-#include <klepur/framework/object_memory.h>
+#include <klepur/memory/object_memory.h>
 
-#include <klepur/framework/made_anywhere.h>
+#include <klepur/memory/made_anywhere.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
-#include <klepur/framework/known_node.h>
-#include <klepur/framework/node_table.h>
+#include <klepur/lookup/known_node.h>
+#include <klepur/lookup/node_table.h>
 
+#include <cstddef>
 #include <utility>
 
 namespace klepur::internal {
@@ -8,11 +9,13 @@ namespace {
 
 constexpr std::size_t kFewestSlots = 16;
 
-KnownNode several;
+// Only its address counts.
+alignas(KnownNode) constexpr std::byte kNoNode = {};
 
 }  // namespace
 
-KnownNode* const NodeTable::kSeveral = &several;
+KnownNode* const NodeTable::kSeveral =
+    reinterpret_cast<KnownNode*>(const_cast<std::byte*>(&kNoNode));
 
 bool NodeTable::FileOrder::operator()(const KnownNode* a, const KnownNode* b) const {
   const KnownNode* x = a;
@@ -54,12 +57,6 @@ void NodeTable::Erase(std::size_t hash, KnownNode* node) {
   } else if (slots_[slot].node == node) {
     Empty(slot);
   }
-}
-
-void NodeTable::Clear() noexcept {
-  slots_.clear();
-  same_.clear();
-  taken_ = 0;
 }
 
 /// The slot of a hash, or the empty one where it would stand.
