@@ -298,7 +298,7 @@ TEST_P(Moving, IntoItselfOrAStatementIsRefused) {
 TEST_P(Moving, FromASharedLineAndBack) {
   Given(
       "host a {\n"
-      "  hardware ethernet 00:01; fixed-address 10.0.0.1; filename \"a\"; # all\n"
+      "  hardware ethernet 00:01; fixed-address 10.0.0.1; filename \"a\";\n"
       "  next-server 10.0.0.5;\n"
       "}\n");
   Node host = Find("host a");
