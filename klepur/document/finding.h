@@ -15,6 +15,7 @@ enum class Severity {
 };
 
 enum class FindingCode {
+  kBranchWithoutIf,   ///< An "elsif" or "else" that stands behind no "if".
   kByteOrderMark,     ///< The text begins with one.
   kEmptyStatement,    ///< A ";" with nothing before it.
   kEndInBlock,        ///< Where the text ends while a block is open; a note to kUnclosedBlock.

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include <klepur/document/comments.h>
 #include <klepur/document/gaps.h>
 #include <klepur/document/node_text.h>
 #include <klepur/document/structure_reader.h>
@@ -116,6 +117,10 @@ class Collector {
       PieceText::Edge semicolon = state_.End(id);
       state_.text.Back(semicolon);
       Add(FindingCode::kSemicolonBehindBlock, semicolon, "a \";\" behind the \"}\" of a block");
+    }
+    if (WordOf(node.word).begins == Begins::kBranch && StartOfChain(state_, id) == id) {
+      Add(FindingCode::kBranchWithoutIf, state_.Begin(id),
+          "\"" + KeyOf(state_.OwnText(id)) + "\" without an \"if\" before it");
     }
     if (node.unfinished) LookAtUnclosed(id, brace);
   }

@@ -80,7 +80,8 @@ NodeId Insert(DocumentState& state, NodeId parent, std::string_view text,
     throw Error(ErrorCode::kBadPlace, "only blocks and the file hold statements");
   }
   const Snippet snippet(WithComments(text, placement), state.tree[parent].word);
-  const Placed what = {snippet.Key(), snippet.IsBlock(), snippet.IsBranch()};
+  const Placed what = {snippet.Key(), snippet.IsBlock(), snippet.IsBranch(),
+                       snippet.EndsInCommentLine()};
   const Place place = FindPlace(state, parent, what, placement.where, anchor);
   std::string laid_out;
   const Address address = Put(state, place, snippet, what, laid_out);

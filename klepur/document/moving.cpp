@@ -63,7 +63,8 @@ void Readdress(DocumentState& state, NodeId top, const OffsetsInRun& offsets,
 
 Placed Describe(const DocumentState& state, NodeId id) {
   return {KeyOf(state.OwnText(id)), state.IsBlock(id),
-          state.IsBlock(id) && WordOf(state.tree[id].word).begins == Begins::kBranch};
+          state.IsBlock(id) && WordOf(state.tree[id].word).begins == Begins::kBranch,
+          state.IsComment(id)};
 }
 
 void Require(const DocumentState& state, NodeId id, NodeId parent, const Placed& what) {

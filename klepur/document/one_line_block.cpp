@@ -1,6 +1,9 @@
 #include <klepur/document/one_line_block.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <vector>
 
 #include <klepur/document/gaps.h>
 #include <klepur/document/neighbours.h>
@@ -20,17 +23,22 @@ Remembered GapsOf(const DocumentState& state, NodeId block) {
   return gaps;
 }
 
-bool HoldsSameNodes(const DocumentState& state, NodeId block, const Remembered& gaps) {
-  auto remembered = gaps.nodes.begin();
+/// The children of a block as places among those that it had when it was opened, in their order; nothing
+/// when it holds others or they do not fit on a line.
+std::optional<std::vector<std::size_t>> PlacesOf(const DocumentState& state, NodeId block,
+                                                 const Remembered& gaps) {
+  std::vector<std::size_t> places;
+  auto next = gaps.nodes.begin();
   for (NodeId child = state.tree.FirstChild(block); child != kNoNode;
        child = state.tree[child].next) {
-    if (remembered == gaps.nodes.end() || *remembered != child || state.IsComment(child) ||
-        !IsOnOneLine(state, child)) {
-      return false;
+    next = std::find(next, gaps.nodes.end(), child);
+    if (next == gaps.nodes.end() || state.IsComment(child) || !IsOnOneLine(state, child)) {
+      return std::nullopt;
     }
-    ++remembered;
+    places.push_back(static_cast<std::size_t>(next - gaps.nodes.begin()));
+    ++next;
   }
-  return remembered == gaps.nodes.end();
+  return places;
 }
 
 }  // namespace
@@ -56,12 +64,21 @@ void OpenOneLineBlock(DocumentState& state, NodeId block) {
 void CloseOpenedBlocks(DocumentState& state, NodeId block) {
   for (; block != kRoot; block = state.tree[block].parent) {
     const Remembered* gaps = state.memory.Recall({EditMemory::About::kOneLine, block});
-    if (gaps == nullptr || !HoldsSameNodes(state, block, *gaps)) return;
-    WriteGap(state, {block, kNoNode}, gaps->texts.front());
-    for (std::size_t i = 0; i < gaps->nodes.size(); ++i) {
-      WriteGap(state, {block, gaps->nodes[i]}, gaps->texts[i + 1]);
+    if (gaps == nullptr) return;
+    const auto places = PlacesOf(state, block, *gaps);
+    if (!places) return;
+    WriteGap(state, {block, kNoNode}, places->empty() ? gaps->texts.back() : gaps->texts.front());
+    for (std::size_t i = 0; i < places->size(); ++i) {
+      const bool last = i + 1 == places->size();
+      WriteGap(state, {block, gaps->nodes[(*places)[i]]},
+               last ? gaps->texts.back() : gaps->texts[(*places)[i] + 1]);
     }
   }
+}
+
+bool IsOpened(const DocumentState& state, NodeId block) {
+  return state.memory.Recall({EditMemory::About::kOneLine, block}) != nullptr &&
+         !IsOnOneLine(state, block);
 }
 
 }  // namespace klepur::internal

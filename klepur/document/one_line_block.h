@@ -9,7 +9,9 @@ namespace klepur::internal {
 /// Puts the nodes of a block on lines of their own, and first those of the blocks around it that stand on the
 /// same line. Braces stay where they are.
 void OpenOneLineBlock(DocumentState& state, NodeId block);
-/// Puts a block that was opened back on its line, if its nodes are again those that it had then; and the
+/// Whether a block stands over several lines because it was opened.
+bool IsOpened(const DocumentState& state, NodeId block);
+/// Puts a block that was opened back on its line, if it holds no nodes but those that it had then; and the
 /// blocks around it as well.
 void CloseOpenedBlocks(DocumentState& state, NodeId block);
 

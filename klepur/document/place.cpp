@@ -258,11 +258,15 @@ Address PutLines(DocumentState& state, Place place, std::string_view text, std::
   }
   if (place.before_next && next != kNoNode) {
     const bool touches = below_comment && CountLineEnds(old) == 1;
+    const bool apart_below = what.ends_in_comment && !what.key.empty() && blank_lines == 0;
     return PutInGap(state, gap, touches ? WithBlankLine(old, line_end) : old, text,
-                    Repeated(line_end, blank_lines + 1) + IndentOf(state, next));
+                    Repeated(line_end, blank_lines + (apart_below ? 2 : 1)) +
+                        IndentOf(state, next));
   }
   const std::size_t line_ends = 1 + (below_comment && blank_lines == 0 ? 1 : blank_lines);
-  return PutInGap(state, gap, Repeated(line_end, line_ends) + std::string(indent), text, old);
+  const bool touches_below = what.ends_in_comment && next != kNoNode && CountLineEnds(old) == 1;
+  return PutInGap(state, gap, Repeated(line_end, line_ends) + std::string(indent), text,
+                  touches_below ? WithBlankLine(old, line_end) : old);
 }
 
 Address PutInLine(DocumentState& state, Place place, std::string_view text) {

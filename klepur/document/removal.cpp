@@ -94,7 +94,11 @@ void TakeOut(DocumentState& state, NodeRun run) {
   std::string joined = Join(gaps);
   const Remembered* memory =
       state.memory.Recall({EditMemory::About::kGap, before.previous, before.parent});
-  if (memory != nullptr && memory->nodes.front() == next) joined = memory->texts.front();
+  const bool opened_since = memory != nullptr && !HasLineEnd(memory->texts.front()) &&
+                            before.parent != kRoot && IsOpened(state, before.parent);
+  if (memory != nullptr && memory->nodes.front() == next && !opened_since) {
+    joined = memory->texts.front();
+  }
   state.memory.Remember({EditMemory::About::kMoved, run.first, before.previous},
                         {{before.parent, next}, {gaps.before, gaps.behind}});
   const PieceText::Edge begin = BeginOf(state, before);

@@ -21,6 +21,9 @@ class Snippet {
   std::string Key() const;
   bool IsBlock() const { return main_ != kNoNode && tree_[main_].kind == NodeKind::kBlock; }
   bool IsBranch() const;
+  bool EndsInCommentLine() const {
+    return tree_[last_].kind == NodeKind::kComment && !IsTrailing(last_);
+  }
   bool IsOneNode() const { return main_ == 1 && last_ == 1; }
 
   /// The text on one line, as the neighbours write such; empty when it is more than one statement or

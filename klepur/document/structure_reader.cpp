@@ -41,14 +41,14 @@ bool WantsMore(std::string_view word) {
 bool CanBeLast(std::string_view word, bool secret) {
   const char last = word.back();
   if (last == '=') return secret;  // as base64 ends
-  if (!IsWordByte(last)) return last == '"' || last == ')' || last == '.';
+  if (!IsWordByte(last)) return last == '"' || last == ')' || last == '}' || last == '.';
   return !WantsMore(word);
 }
 
 std::size_t FewestWords(std::string_view first) {
   const StructureWord& word = WordOf(NumberOf(first));
   if (word.text.empty() || word.begins == Begins::kAlone) return 1;
-  return word.text == "option" ? 3 : std::max<std::size_t>(2, word.key_words);
+  return std::max<std::size_t>(2, word.key_words);
 }
 
 /// How far a statement has come, so that a long one is looked at once and not from its start each time.

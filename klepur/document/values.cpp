@@ -7,6 +7,7 @@
 #include <klepur/document/comments.h>
 #include <klepur/document/document.h>
 #include <klepur/document/gaps.h>
+#include <klepur/document/insertion.h>
 #include <klepur/document/node_text.h>
 #include <klepur/document/structure_reader.h>
 #include <klepur/document/structure_words.h>
@@ -137,15 +138,11 @@ std::string WithoutElement(const std::string& text, const std::vector<ValuePlace
                            std::size_t index) {
   if (index + 1 == elements.size()) {  // the comma before the last one goes with it
     const std::size_t comma = text.rfind(',', elements[index].begin);
-    std::string rest = text;
-    rest.erase(elements[index].begin, elements[index].end - elements[index].begin);
-    const std::size_t behind_comma = comma + 1;
-    const std::string between = text.substr(behind_comma, elements[index].begin - behind_comma);
+    const std::string between = text.substr(comma + 1, elements[index].begin - comma - 1);
     if (between.find('#') == std::string::npos) {
       return text.substr(0, comma) + text.substr(elements[index].end);
     }
-    rest.erase(comma, 1);  // the comments behind it stay, and so stay in the statement
-    return rest;
+    return text.substr(0, comma) + between + text.substr(elements[index].end);
   }
   const std::size_t begin = elements[index].begin;
   const std::size_t comma = text.find(',', elements[index].end);
@@ -162,6 +159,25 @@ std::string WithoutElement(const std::string& text, const std::vector<ValuePlace
   const std::string between = text.substr(comma + 1, next - comma - 1);
   const std::size_t end = between.find('#') == std::string::npos ? next : comma + 1;
   return text.substr(0, begin) + text.substr(end);
+}
+
+/// Ends a statement before the comment in the line of its last word, if there is only the ";" behind it.
+void PutCommentsBehind(DocumentState& state, NodeId id) {
+  const std::string text(state.OwnText(id));
+  const std::size_t end = UpToLastWord(text.substr(0, text.size() - 1)).size();
+  const std::size_t line_end = text.find('\n', end);
+  const std::size_t mark = text.find_first_not_of(" \t", end);
+  if (mark == std::string::npos || text[mark] != '#' ||
+      text.find_first_not_of(" \t\r\n", line_end) != text.size() - 1) {
+    return;
+  }
+  const std::size_t comment_end = text[line_end - 1] == '\r' ? line_end - 1 : line_end;
+  ReplaceOwnText(state, id, text.substr(0, end) + ";");
+  const Gap gap = GapBehind(state, id);
+  const std::string comment = text.substr(mark, comment_end - mark);
+  const Address address =
+      PutInGap(state, gap, text.substr(end, mark - end), comment, ReadGap(state, gap));
+  HangNodes(state, gap, comment, address);
 }
 
 }  // namespace
@@ -278,8 +294,10 @@ bool RemoveFromListOf(DocumentState& state, NodeId id, std::string_view element)
   if (elements.size() == 1) {
     throw Error(ErrorCode::kBadText, "the last element of a list cannot be taken out");
   }
-  ReplaceStatement(state, id,
-                   WithoutElement(old, elements, static_cast<std::size_t>(found - elements.begin())));
+  const std::string text =
+      WithoutElement(old, elements, static_cast<std::size_t>(found - elements.begin()));
+  ReplaceStatement(state, id, text);
+  if (TrailingComment(state, id) == kNoNode) PutCommentsBehind(state, id);
   return true;
 }
 

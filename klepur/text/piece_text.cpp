@@ -9,10 +9,11 @@
 namespace klepur::internal {
 
 PieceText::PieceText(TextBuffer base) : base_(std::move(base)) {
-  pieces_.push_back({0, 0, kHead, kTail});
-  pieces_.push_back({0, 0, kHead, kTail});
+  pieces_.push_back({0, 0, kHead, kTail, true});
+  pieces_.push_back({0, 0, kHead, kTail, true});
   if (base_.size() != 0) {
     const PieceId whole = NewPiece(0, BaseSize());
+    pieces_[whole].stands = true;
     Link(kHead, whole);
     Link(whole, kTail);
   }
@@ -84,8 +85,12 @@ void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
   Change& change = log_.back();
   PieceId last = pieces_[first].previous;
   if (empty) change.old_first = change.old_last = kTail;
+  for (PieceId piece = first; piece != right; piece = pieces_[piece].next) {
+    pieces_[piece].stands = false;
+  }
   for (const PieceId piece : added) {
     at_.find(pieces_[piece].begin)->second = piece;
+    pieces_[piece].stands = true;
     Link(last, piece);
     last = piece;
   }
@@ -101,6 +106,7 @@ void PieceText::TakeBack(const Change& change) noexcept {
   // A piece that was split since keeps its beginning, so the one on the left is asked for, not remembered.
   const PieceId after = change.new_first == kTail ? change.right : change.new_first;
   const PieceId left = pieces_[after].previous;
+  for (PieceId id = after; id != change.right; id = pieces_[id].next) pieces_[id].stands = false;
   if (change.old_first == kTail) {
     Link(left, change.right);
     return;
@@ -109,6 +115,7 @@ void PieceText::TakeBack(const Change& change) noexcept {
   Link(change.old_last, change.right);
   for (PieceId id = change.old_first;; id = pieces_[id].next) {
     at_.find(pieces_[id].begin)->second = id;
+    pieces_[id].stands = true;
     if (id == change.old_last) return;
   }
 }
@@ -125,11 +132,13 @@ bool PieceText::IsChanged() const {
 }
 
 PieceText::PieceId PieceText::PieceOf(Address byte) const {
-  return std::prev(at_.upper_bound(byte))->second;
+  auto place = std::prev(at_.upper_bound(byte));
+  while (!pieces_[place->second].stands) --place;
+  return place->second;
 }
 
 PieceText::PieceId PieceText::NewPiece(Address begin, Address end) {
-  pieces_.push_back({begin, end, kHead, kTail});
+  pieces_.push_back({begin, end, kHead, kTail, false});
   const auto id = static_cast<PieceId>(pieces_.size() - 1);
   at_.emplace(begin, id);  // one that stands in the text keeps the place until it is replaced
   return id;
@@ -138,6 +147,7 @@ PieceText::PieceId PieceText::NewPiece(Address begin, Address end) {
 PieceText::PieceId PieceText::Split(PieceId piece, Address at) {
   const PieceId rest = NewPiece(at, pieces_[piece].end);
   at_.find(at)->second = rest;
+  pieces_[rest].stands = true;
   Link(rest, pieces_[piece].next);
   Link(piece, rest);
   pieces_[piece].end = at;

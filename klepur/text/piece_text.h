@@ -98,6 +98,7 @@ class PieceText {
     Address end;
     PieceId previous;
     PieceId next;
+    bool stands = false;  ///< Whether it is part of the text.
   };
   static constexpr PieceId kHead = 0;
   static constexpr PieceId kTail = 1;
@@ -117,8 +118,8 @@ class PieceText {
   std::string added_;
   std::vector<Piece> pieces_;
   // The piece that begins at an address; where several did, the one that stands in the text or did last.
-  // No borders between pieces are ever forgotten, so the last one at or before a byte of the text is that
-  // of its piece.
+  // No border between pieces is ever forgotten: one that is within a piece now, since its making was taken
+  // back, has a piece that does not stand.
   std::map<Address, PieceId> at_;
   std::vector<Change> log_;
 };
