@@ -46,6 +46,6 @@ int main(int argc, char** argv) {
   const double size = arguments.FileSize();
   const double peak = Median(peaks);
   PrintRow("peak memory of Open", Megabytes(peak), "the file's size", Megabytes(size), peak / size,
-           3.0);
+           2.5);
   return EXIT_SUCCESS;
 }
