@@ -14,7 +14,7 @@ std::string Format(const char* form, double value) {
 
 std::string Verdict(double ratio, double goal) {
   if (goal == 0) return "-";
-  return Format(goal * 10 == static_cast<int>(goal * 10) ? "%.1f: " : "%.2f: ", goal) + (ratio <= goal ? "met" : "not met");
+  return Format("%.2f: ", goal) + (ratio <= goal ? "met" : "not met");
 }
 
 }  // namespace

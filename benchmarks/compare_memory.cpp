@@ -57,7 +57,7 @@ void Compare(const CommandLine& arguments, const std::string& work, double goal,
 
 int main(int argc, char** argv) {
   const CommandLine arguments(argc, argv);
-  Compare(arguments, "Open", 3.0, Open);
+  Compare(arguments, "Open", 2.5, Open);
   Compare(arguments, "Document, read", 2.0, Read);
   return EXIT_SUCCESS;
 }

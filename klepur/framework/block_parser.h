@@ -115,6 +115,7 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
  private:
   CfLex* PlainLexer() const;
   bool TakeToken();
+  void OpenStream(const char* path);
   bool ParseInstalledStream(const char* path, void* target);
   void AbandonParse() noexcept;
   void OpenBlock(Tree<CfSection>::TreeNode& parent, const char* name);

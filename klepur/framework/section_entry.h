@@ -11,6 +11,7 @@
 #include <string_view>
 
 class CfSection;
+class DhcpParser;
 namespace klepur::internal {
 class ObjectMemory;
 }
@@ -52,6 +53,7 @@ class KLEPUR_EXPORT CfSectionEntry : public klepur::internal::MadeAnywhere {
 
  private:
   friend CfSection;
+  friend DhcpParser;
   friend klepur::internal::ObjectMemory;
 
   using KeyName = klepur::internal::CString<40>;

@@ -30,8 +30,14 @@ bool NodeTable::FileOrder::operator()(const KnownNode* a, const KnownNode* b) co
   return x->ordinal < y->ordinal;
 }
 
+void NodeTable::Reserve(std::size_t count) {
+  std::size_t size = std::max(kFewestSlots, slots_.size());
+  while (3 * count > 2 * size) size *= 2;
+  if (size != slots_.size()) Resize(size);
+}
+
 void NodeTable::Insert(std::size_t hash, KnownNode* node) {
-  if (3 * (taken_ + 1) > 2 * slots_.size()) Grow();
+  Reserve(taken_ + 1);
   Slot& slot = slots_[Find(hash)];
   if (slot.node == nullptr) {
     slot = {hash, node};
@@ -66,8 +72,8 @@ std::size_t NodeTable::Find(std::size_t hash) const {
   return slot;
 }
 
-void NodeTable::Grow() {
-  std::vector<Slot> slots(std::max(kFewestSlots, 2 * slots_.size()));
+void NodeTable::Resize(std::size_t size) {
+  std::vector<Slot> slots(size);
   slots_.swap(slots);
   for (const Slot& slot : slots) {
     if (slot.node != nullptr) slots_[Find(slot.hash)] = slot;

@@ -33,11 +33,12 @@ TreeNode* WalkForName(TreeNode& start, const char* name, std::size_t& walked) {
   return found;
 }
 
-/// Whether a tree has this many nodes, one or more.
-bool HasNodes(TreeNode& top, std::size_t count) {
+/// How many nodes a tree has, counted up to `most`, which is one or more.
+std::size_t CountNodes(TreeNode& top, std::size_t most) {
   CountingProbe probe;
-  probe.wanted = count;
-  return top.FindIf(probe, CountingProbe::IsLastWanted) != nullptr;
+  probe.wanted = most;
+  top.FindIf(probe, CountingProbe::IsLastWanted);
+  return probe.compared;
 }
 
 }  // namespace
@@ -138,9 +139,10 @@ void TreeIndex::MakeWhenItPays() {
   if (walked_ < nextCount_) return;
   nextCount_ = 2 * walked_;
   OrDrop([this] {
-    if (HasNodes(top_, walked_)) return;
+    const std::size_t count = CountNodes(top_, walked_);
+    if (count == walked_) return;
     walked_ = 0;
-    tables_ = TreeTables::Of(top_);
+    tables_ = TreeTables::Of(top_, count);
   });
 }
 

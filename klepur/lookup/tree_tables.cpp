@@ -42,8 +42,10 @@ bool IsWithin(const KnownNode* known, const KnownNode& block) {
 
 }  // namespace
 
-std::unique_ptr<TreeTables> TreeTables::Of(TreeNode& top) {
+std::unique_ptr<TreeTables> TreeTables::Of(TreeNode& top, std::size_t count) {
   auto tables = std::make_unique<TreeTables>();
+  tables->nodes_.Reserve(count);
+  tables->names_.Reserve(count);
   return tables->AddAll(top) ? std::move(tables) : nullptr;
 }
 

@@ -21,8 +21,9 @@ namespace klepur::internal {
 /// std::bad_alloc leaves them of no use.
 class TreeTables {
  public:
-  /// The tables of the tree below `top`; null when it is nested so deeply that walks are better.
-  static std::unique_ptr<TreeTables> Of(TreeNode& top);
+  /// The tables of the tree below `top`, which has about `count` nodes; null when it is nested so
+  /// deeply that walks are better.
+  static std::unique_ptr<TreeTables> Of(TreeNode& top, std::size_t count);
 
   TreeTables() = default;
   TreeTables(const TreeTables&) = delete;

@@ -104,6 +104,17 @@ TEST_F(NodeTableTest, OnlyNodeWithAHashIsFoundWithoutAPlaceInTheFile) {
   EXPECT_EQ(table_.Only(18), nullptr);
 }
 
+TEST_F(NodeTableTest, RoomThatIsMadeKeepsWhatIsThere) {
+  for (const std::size_t count : {0U, 1U, 1000U, 10U}) {
+    table_.Reserve(count);
+    for (std::size_t number = 0; number < children_.size(); ++number) {
+      table_.Insert(number * count, &children_[number]);
+      table_.Insert(number * count, &children_[number]);
+    }
+    EXPECT_EQ(First(3 * count), count == 0 ? 0 : 3);
+  }
+}
+
 TEST_F(NodeTableTest, SeveralNodesWithAHashStayTogetherWhenTheTableMoves) {
   for (const std::size_t number : {5U, 2U}) table_.Insert(17U, &children_[number]);
   NodeTable other = std::move(table_);

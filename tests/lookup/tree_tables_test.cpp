@@ -22,7 +22,7 @@ using klepur::test::Block;
 ///         host a  { fixed-address 10.0.0.3; }
 class TreeTablesTest : public ::testing::Test {
  protected:
-  TreeTablesTest() { tables_ = TreeTables::Of(holder_.topNode); }
+  TreeTablesTest() { tables_ = TreeTables::Of(holder_.topNode, 6); }
 
   static TreeNode* Host(TreeNode& parent, const std::string& name, const std::string& address) {
     return AppendChild(parent, Block("host " + name, {"fixed-address " + address + ";"}));
@@ -116,14 +116,14 @@ TEST_F(TreeTablesTest, ChangedTextsAreFoundOnceTheyAreEntered) {
 TEST_F(TreeTablesTest, TreeThatIsNestedTooDeepHasNone) {
   TreeNode* innermost = group_;
   int depth = 3;
-  for (; TreeTables::Of(holder_.topNode) != nullptr; ++depth) {
+  for (; TreeTables::Of(holder_.topNode, 6) != nullptr; ++depth) {
     ASSERT_LT(depth, 1000);
     innermost = AppendChild(*innermost, Block("group", {}));
   }
   EXPECT_GT(depth, 50);
   tables_ = nullptr;
   holder_.topNode.DeleteAllItems();
-  EXPECT_NE(TreeTables::Of(holder_.topNode), nullptr);
+  EXPECT_NE(TreeTables::Of(holder_.topNode, 6), nullptr);
 }
 
 }  // namespace

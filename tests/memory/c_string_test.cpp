@@ -44,6 +44,17 @@ TEST(CStringTest, CopyIsIndependent) {
   }
 }
 
+TEST(CStringTest, TextIsCopiedToAPlaceWithRoomForIt) {
+  for (const std::string& text : TextsOfAllLengths()) {
+    const Text original(text);
+    EXPECT_GE(original.RoomToCopy(), text.size());
+    std::vector<char> place(original.RoomToCopy() + 1, '.');
+    char* const end = original.Copy(place.data());
+    EXPECT_EQ(std::string(place.data(), end), text);
+    EXPECT_EQ(place.back(), '.');
+  }
+}
+
 TEST(CStringTest, MovingLeavesAnEmptyText) {
   for (const std::string& text : TextsOfAllLengths()) {
     Text first(text.c_str());
