@@ -21,6 +21,7 @@
 #include <klepur/network/hardware_address.h>
 #include <klepur/network/host_identifier.h>
 #include <klepur/network/identifier.h>
+#include <klepur/network/network.h>
 #include <klepur/network/prefix.h>
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>

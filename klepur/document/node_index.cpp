@@ -14,22 +14,9 @@ std::uint32_t Folded(std::uint64_t hash) {
 }  // namespace
 
 void NodeIndex::Update(const SyntaxTree& tree, const KeysOf& keys_of) {
-  const auto enter_all_below = [&](NodeId top) {
-    for (NodeId id = top; id != kNoNode; id = tree.NextInOrder(id, top)) {
-      keys_of(id, [&](std::uint64_t hash) { Insert(Folded(hash), id); });
-    }
-  };
-  if (!made_ || generation_ != tree.Generation()) {
-    enter_all_below(kRoot);
-    generation_ = tree.Generation();
-    seen_ = tree.Noted().size();
-    made_ = true;
-    return;
-  }
-  for (; seen_ < tree.Noted().size(); ++seen_) {
-    const NodeId id = tree.Noted()[seen_];
-    if (!tree.IsGone(id)) enter_all_below(id);
-  }
+  changed_.ForEach(
+      tree, [] {},
+      [&](NodeId id) { keys_of(id, [&](std::uint64_t hash) { Insert(Folded(hash), id); }); });
 }
 
 std::vector<NodeId> NodeIndex::Candidates(std::uint64_t hash) const {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include <klepur/document/changed_nodes.h>
 #include <klepur/document/syntax_tree.h>
 
 namespace klepur::internal {
@@ -48,9 +49,7 @@ class NodeIndex {
   std::vector<Slot> slots_;
   std::vector<More> more_;
   std::size_t used_ = 0;
-  std::size_t seen_ = 0;  ///< How many of the tree's notes were looked at.
-  std::size_t generation_ = 0;
-  bool made_ = false;
+  ChangedNodes changed_;
 };
 
 }  // namespace klepur::internal

@@ -12,7 +12,8 @@ namespace klepur::internal {
 /// addresses themselves. 2^64 - 1 also stands for more.
 ///
 /// \param first, last  of one family, not the other way round.
-std::uint64_t CountPrefixes(const Address& first, const Address& last, unsigned length) noexcept;
+std::uint64_t CountPrefixes(const klepur::Address& first, const klepur::Address& last,
+                            unsigned length) noexcept;
 
 }  // namespace klepur::internal
 

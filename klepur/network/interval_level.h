@@ -13,12 +13,12 @@ namespace klepur::internal {
 
 /// The addresses from `first` to `last`, and what they belong to.
 struct Interval : Ordered<Interval> {
-  Address first;
-  Address last;  // of the same family, not below first
+  klepur::Address first;
+  klepur::Address last;  // of the same family, not below first
   std::uint32_t value = 0;
 
   Interval() = default;
-  Interval(const Address& from, const Address& to, std::uint32_t what)
+  Interval(const klepur::Address& from, const klepur::Address& to, std::uint32_t what)
       : first(from), last(to), value(what) {}
 
   /// In the order of a walk from outer ones to inner ones: by first address, then the longer one
@@ -41,11 +41,11 @@ class IntervalLevel {
   const Interval& operator[](std::size_t index) const noexcept { return intervals_[index]; }
 
   /// How many intervals begin at or below the address.
-  std::size_t CountBeginningBy(const Address& address) const noexcept;
+  std::size_t CountBeginningBy(const klepur::Address& address) const noexcept;
 
   /// The last of the first `count` intervals that ends at or above the address, or kNone.
   /// Cost: O(log n).
-  std::size_t LastReaching(const Address& address, std::size_t count) const noexcept;
+  std::size_t LastReaching(const klepur::Address& address, std::size_t count) const noexcept;
 
   /// Removes one interval equal to this; false when there is none. Cost: O(log n) on average over
   /// many, and the equal ones that were removed before.
@@ -57,7 +57,7 @@ class IntervalLevel {
  private:
   std::size_t Leaf(std::size_t index) const noexcept { return leaves_ + index; }
   bool IsRemoved(std::size_t index) const noexcept;
-  bool Reaches(std::size_t node, const Address& address) const noexcept;
+  bool Reaches(std::size_t node, const klepur::Address& address) const noexcept;
   void BuildTree();
   void SetFromBelow(std::size_t node) noexcept;
   void Compact() noexcept;

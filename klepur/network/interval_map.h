@@ -35,12 +35,12 @@ class IntervalMap {
   /// of equal ones the one with the highest value: the innermost, when they lie one in the other.
   /// Null when there is none. An edit makes the pointer wrong.
   /// Cost: O(log n), and O(log² n) after edits.
-  const Interval* Innermost(const Address& address) const noexcept;
+  const Interval* Innermost(const klepur::Address& address) const noexcept;
 
   /// Appends all intervals around an address, or all with an address from `first` to `last`,
   /// innermost first as above. Cost: that of Innermost for each.
-  void AppendContaining(const Address& address, std::vector<Interval>& out) const;
-  void AppendOverlapping(const Address& first, const Address& last,
+  void AppendContaining(const klepur::Address& address, std::vector<Interval>& out) const;
+  void AppendOverlapping(const klepur::Address& first, const klepur::Address& last,
                          std::vector<Interval>& out) const;
 
  private:

@@ -10,13 +10,13 @@
 namespace klepur::internal {
 
 struct AddressAndLength {
-  Address address;
+  klepur::Address address;
   std::optional<unsigned> length;  // at most the address's BitCount()
 };
 
 /// Takes the address that is the next word; nothing when there is none. Zeros in front of its
 /// numbers do not count, see Address::ParseLenient.
-std::optional<Address> TakeAddress(ValueWords& words) noexcept;
+std::optional<klepur::Address> TakeAddress(ValueWords& words) noexcept;
 
 /// Takes an address and the length behind it, if there is one: "2001:db8::/64",
 /// "2001:db8:: / 064", "2001:db8::". Nothing when there is no address, or no length that fits
