@@ -14,7 +14,7 @@ std::string Format(const char* form, double value) {
 
 std::string Verdict(double ratio, double goal) {
   if (goal == 0) return "-";
-  return Format("%.1f: ", goal) + (ratio <= goal ? "met" : "not met");
+  return Format("%.2f: ", goal) + (ratio <= goal ? "met" : "not met");
 }
 
 }  // namespace

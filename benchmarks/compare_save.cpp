@@ -55,6 +55,6 @@ int main(int argc, char** argv) {
   Check(FileText(saved.Path()).View() == text && FileText(copy.Path()).View() == text,
         "the texts are the same");
   PrintRow("Save, " + Megabytes(arguments.FileSize()), samples[0],
-           "open, write the same bytes, close", samples[1], 2.0);
+           "open, write the same bytes, close", samples[1], 2.5);
   return EXIT_SUCCESS;
 }

@@ -6,8 +6,8 @@
 #include <klepur/config/family_words.h>
 #include <klepur/config/param_list.h>
 #include <klepur/config/subnet_address.h>
-#include <klepur/framework/tree_index.h>
 #include <klepur/framework/tree_links.h>
+#include <klepur/lookup/tree_index.h>
 
 #include <string>
 #include <utility>
@@ -35,7 +35,7 @@ template <class Vocabulary>
 int ConfigFile<Vocabulary>::AddNetwork(const Section& section) {
   const std::string name = internal::ValueOfType(section.params, internal::kNameType);
   // The bare name is looked for, so another network of that name is not in the way.
-  if (GetTreeItemByNameAt(name.c_str(), nullptr) != nullptr) return 0;
+  if (FindNamed(name.c_str(), nullptr) != nullptr) return 0;
   if (!ConvertAndAdd(section, Root()) || !GotoSection(name.c_str(), section.type)) return 0;
   currentSubnet = currentNetwork == nullptr ? nullptr : internal::FirstChild(*currentNetwork);
   return 1;
@@ -46,7 +46,7 @@ int ConfigFile<Vocabulary>::AddSubnet(const Section& section) {
   const std::string address = internal::SubnetAddressOf<Vocabulary>(section);
   const std::string header = Header(Section::SECTION_SUBNET, address);
   TreeNode* const scope = currentNetwork != nullptr ? currentNetwork : Root();
-  TreeNode* const existing = GetTreeItemBySectionAt(header.c_str(), currentNetwork);
+  TreeNode* const existing = FindNamed(header.c_str(), currentNetwork);
   if (existing != nullptr && ParentOf(existing) == scope) return 0;
   if (!ConvertAndAdd(section, currentNetwork)) return 0;
   return GotoSection(address.c_str(), Section::SECTION_SUBNET) ? 1 : 0;
@@ -65,7 +65,7 @@ int ConfigFile<Vocabulary>::AddIFSection(const Section& section) {
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::AddBelowSubnet(const Section& section, SectionType type) {
   const std::string name = internal::ValueOfType(section.params, internal::kNameType);
-  TreeNode* const existing = GetTreeItemBySectionAt(Header(type, name).c_str(), currentSubnet);
+  TreeNode* const existing = FindNamed(Header(type, name).c_str(), currentSubnet);
   // Unlike in AddSubnet the cursor is compared as it is: when it is null, nothing is a duplicate.
   if (existing != nullptr && ParentOf(existing) == currentSubnet) return 0;
   return ConvertAndAdd(section, currentSubnet) ? 1 : 0;

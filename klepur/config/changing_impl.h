@@ -4,7 +4,7 @@
 
 #include <klepur/config/config_file.h>
 #include <klepur/config/param_list.h>
-#include <klepur/framework/tree_index.h>
+#include <klepur/lookup/tree_index.h>
 
 #include <string>
 
@@ -12,14 +12,16 @@ namespace klepur {
 
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::ChangeSection(const Section& section, const char* newName) {
-  return ChangeTreeSection(section, ChooseBlock(section), newName);
+  TreeNode* const block = ChooseBlock(section);
+  if (block == nullptr) return 0;
+  const internal::TreeIndex::Edit edit(Index(), *block);
+  return ChangeTreeSection(section, &block->section, newName);
 }
 
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::ChangeTreeSection(const Section& section, CfSection* target,
                                               const char* newName) {
   if (target == nullptr) return 0;
-  const internal::TreeIndex::Edit edit(holder == nullptr ? nullptr : &Index(), *target);
   if (newName != nullptr && section.type != Section::SECTION_GLOBAL &&
       !Rename(*target, section.type, newName)) {
     return 0;
@@ -52,14 +54,14 @@ int ConfigFile<Vocabulary>::ChangeTreeSection(const Section& section, CfSection*
 
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::SetSectionParams(const Section& section) {
-  CfSection* const target = ChooseBlock(section);
-  if (target == nullptr || section.params.empty()) return 0;
-  const internal::TreeIndex::Edit edit(&Index(), *target);
-  target->ClearEntryList();
+  TreeNode* const block = ChooseBlock(section);
+  if (block == nullptr || section.params.empty()) return 0;
+  const internal::TreeIndex::Edit edit(Index(), *block);
+  block->section.ClearEntryList();
   int added = 0;
   for (const SectionParam& param : section.params) {
     if (param.type == internal::kNameType) continue;
-    added = target->AddEntry(param.value.c_str(), nullptr, param.commented ? "#" : nullptr);
+    added = block->section.AddEntry(param.value.c_str(), nullptr, param.commented ? "#" : nullptr);
     if (added == 0) return 0;
   }
   return added;
@@ -67,27 +69,23 @@ int ConfigFile<Vocabulary>::SetSectionParams(const Section& section) {
 
 /// The block that a record of this type and name changes; null when there is none.
 template <class Vocabulary>
-CfSection* ConfigFile<Vocabulary>::ChooseBlock(const Section& section) {
+typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::ChooseBlock(
+    const Section& section) {
   if (!IsReady()) return nullptr;
-  TreeNode* block = nullptr;
   switch (section.type) {
     case Section::SECTION_GLOBAL:
-      block = Root();
-      break;
+      return Root();
     case Section::SECTION_SHARED_NETWORK:
-      block = currentNetwork;
-      break;
+      return currentNetwork;
     case Section::SECTION_SUBNET:
-      block = currentSubnet;
-      break;
+      return currentSubnet;
     case Section::SECTION_HOST:
     case Section::SECTION_IF:
       if (currentSubnet == nullptr) return nullptr;
-      block = FindBlock(section.type,
-                        internal::ValueOfType(section.params, internal::kNameType).c_str());
-      break;
+      return FindBlock(section.type,
+                       internal::ValueOfType(section.params, internal::kNameType).c_str());
   }
-  return block == nullptr ? nullptr : &block->section;
+  return nullptr;
 }
 
 template <class Vocabulary>

@@ -8,11 +8,16 @@
 #include <klepur/parser/dhcp_parser.h>
 
 #include <list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace klepur {
+
+namespace internal {
+class TreeIndex;
+}
 
 /// One DHCP server configuration file: read into a tree, walked and edited there, and written back.
 /// Use it as DhcpConfigFile or Dhcpv6ConfigFile.
@@ -45,8 +50,15 @@ namespace klepur {
 /// **Cost.** Looking for a block, by its header or by a line of it, takes as long in a large file
 /// as in a small one, and so do stepping to the next block, adding, changing and removing one: what
 /// is read and written is that block. The first lookups in a file walk over its blocks, until that
-/// has cost as much as making tables, which take a third of the tree's memory. Nodes and sections
-/// that lookups return may be changed: the tables are then made again, once that pays.
+/// has cost as much as making tables, which take about half of the tree's memory.
+///
+/// **By hand.** A node that GetTreeItemByNameAt or GetTreeItemBySectionAt returns leads to the whole
+/// tree, and a caller may change all of it: names, lines and child lists, at any time. So from the
+/// first such node on, this object looks into the tree itself at each call and uses no tables any
+/// more: looking for a block then takes as long as going through those before it, also after
+/// another Open, which keeps the topmost node. An object of a class derived from DhcpConfigFile or
+/// Dhcpv6ConfigFile has the tree in its hands and never uses tables. Who deletes a node by hand
+/// that a cursor stands on, or in, first moves the cursor elsewhere.
 ///
 /// One object is used by one thread at a time.
 template <class Vocabulary>
@@ -438,6 +450,8 @@ class ConfigFile {
   bool IsReady() const;
   TreeNode* Root() const;
   internal::TreeIndex& Index() const;
+  TreeNode* FindNamed(const char* name, TreeNode* start) const;
+  TreeNode* HandOut(TreeNode* node) const;
   TreeNode* ParentOf(TreeNode* node) const;
   void DiscardTree();
   void PlaceCursors();
@@ -461,10 +475,12 @@ class ConfigFile {
   int RemoveWithChildren(TreeNode& doomed);
   int RemoveNode(TreeNode& doomed);
 
-  CfSection* ChooseBlock(const Section& section);
+  TreeNode* ChooseBlock(const Section& section);
   bool Rename(CfSection& target, SectionType type, const char* newName);
   static void AddLine(CfSection& target, const SectionParam* line);
   static void ChangeLine(CfSectionEntry& entry, const SectionParam* line);
+
+  std::unique_ptr<internal::TreeIndex> index_;  // of the holder's tree
 };
 
 }  // namespace klepur

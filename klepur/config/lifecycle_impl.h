@@ -5,13 +5,14 @@
 #include <klepur/config/config_file.h>
 #include <klepur/config/family_words.h>
 #include <klepur/config/statement_table.h>
-#include <klepur/framework/tree_index.h>
 #include <klepur/framework/tree_links.h>
+#include <klepur/lookup/tree_index.h>
 
 #include <memory>
 #include <new>
 #include <string>
 #include <type_traits>
+#include <typeinfo>
 
 namespace klepur {
 
@@ -19,6 +20,7 @@ template <class Vocabulary>
 ConfigFile<Vocabulary>::ConfigFile()
     : holder(nullptr), parser(nullptr), currentNetwork(nullptr), currentSubnet(nullptr), isRead(0) {
   auto newHolder = std::make_unique<CfSectionHolder>();
+  index_ = std::make_unique<internal::TreeIndex>(newHolder->topNode);
   parser = new DhcpParser;
   holder = newHolder.release();
 }
@@ -42,6 +44,7 @@ std::string ConfigFile<Vocabulary>::GetConfFileName() const {
 template <class Vocabulary>
 bool ConfigFile<Vocabulary>::ReadDhcpConfigFile() {
   if (confFileName.empty()) return false;
+  Index().Drop();
   bool read = false;
   try {
     read = parser != nullptr && parser->ParseFile(confFileName.c_str(), holder);
@@ -67,9 +70,9 @@ void ConfigFile<Vocabulary>::DiscardTree() {
   currentNetwork = nullptr;
   currentSubnet = nullptr;
   if (holder != nullptr) {
+    Index().Drop();
     holder->topNode.DeleteAllItems();
     holder->topNode.section.ClearEntryList();
-    Index().Drop();
   } else {
     holder = new CfSectionHolder;
   }
@@ -116,22 +119,40 @@ int ConfigFile<Vocabulary>::Save(const std::string& path) {
 template <class Vocabulary>
 typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::GetTreeItemByNameAt(
     const char* name, TreeNode* start) {
-  return name == nullptr ? Root() : GetTreeItemBySectionAt(name, start);
+  return HandOut(name == nullptr ? Root() : FindNamed(name, start));
 }
 
 template <class Vocabulary>
 typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::GetTreeItemBySectionAt(
     const char* name, TreeNode* start) {
-  if (name == nullptr || !HasTree()) return nullptr;
-  TreeNode* const from = start != nullptr ? start : Root();
-  if (from == nullptr) return nullptr;
-  return Index().FirstNamed(*from, name);
+  return HandOut(FindNamed(name, start));
 }
 
-/// Finds, adds and removes blocks without reading all of them.
+/// The first block of a name in `start`, or in the whole file without one; null when there is none.
+template <class Vocabulary>
+typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::FindNamed(
+    const char* name, TreeNode* start) const {
+  if (name == nullptr || !HasTree()) return nullptr;
+  TreeNode* const from = start != nullptr ? start : Root();
+  return from == nullptr ? nullptr : Index().FirstNamed(*from, name);
+}
+
+/// What a caller gets to see of the tree passes through here. From a node it reaches all others,
+/// by way of their parents the topmost one too, which even Open does not replace.
+template <class Vocabulary>
+typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::HandOut(TreeNode* node) const {
+  if (node != nullptr) Index().WalkFromNowOn();
+  return node;
+}
+
+/// Finds, adds and removes blocks without reading all of them, as long as nobody else can change
+/// the tree. A derived class can at any time: it has the holder.
 template <class Vocabulary>
 internal::TreeIndex& ConfigFile<Vocabulary>::Index() const {
-  return internal::TreeIndex::Of(*holder);
+  if (typeid(*this) != typeid(typename internal::FamilyWords<Vocabulary>::File)) {
+    index_->WalkFromNowOn();
+  }
+  return *index_;
 }
 
 /// Whether there is a tree with a top level: something was read.

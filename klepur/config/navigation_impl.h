@@ -6,8 +6,8 @@
 #include <klepur/config/family_words.h>
 #include <klepur/config/param_list.h>
 #include <klepur/config/statement_table.h>
-#include <klepur/framework/tree_index.h>
 #include <klepur/framework/tree_links.h>
+#include <klepur/lookup/tree_index.h>
 
 #include <string>
 
@@ -157,7 +157,7 @@ typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::NextOfKind(
   Section treeForm;
   DhcpToTree(current, treeForm);
   const std::string header = internal::ValueOfType(treeForm.params, internal::kNameType);
-  TreeNode* const node = GetTreeItemByNameAt(header.c_str(), currentSubnet);
+  TreeNode* const node = FindNamed(header.c_str(), currentSubnet);
   return node == nullptr ? nullptr : Index().NextSiblingHolding(*node, Prefix(current.type));
 }
 
@@ -167,12 +167,12 @@ typename ConfigFile<Vocabulary>::TreeNode* ConfigFile<Vocabulary>::FindBlock(Sec
                                                                              const char* name) {
   switch (type) {
     case Section::SECTION_SHARED_NETWORK:
-      return GetTreeItemBySectionAt(Header(type, name).c_str(), nullptr);
+      return FindNamed(Header(type, name).c_str(), nullptr);
     case Section::SECTION_SUBNET:
-      return GetTreeItemBySectionAt(Header(type, name).c_str(), currentNetwork);
+      return FindNamed(Header(type, name).c_str(), currentNetwork);
     case Section::SECTION_HOST:
     case Section::SECTION_IF:
-      return GetTreeItemBySectionAt(Header(type, name).c_str(), currentSubnet);
+      return FindNamed(Header(type, name).c_str(), currentSubnet);
     default:
       return nullptr;
   }

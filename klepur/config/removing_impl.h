@@ -5,8 +5,8 @@
 #include <klepur/config/config_file.h>
 #include <klepur/config/param_list.h>
 #include <klepur/config/subnet_address.h>
-#include <klepur/framework/tree_index.h>
 #include <klepur/framework/tree_links.h>
+#include <klepur/lookup/tree_index.h>
 
 #include <string>
 
@@ -98,8 +98,8 @@ int ConfigFile<Vocabulary>::RemoveWithChildren(TreeNode& doomed) {
 /// Unlinks and deletes a node with all that is nested in it; 0 when its parent does not hold it.
 template <class Vocabulary>
 int ConfigFile<Vocabulary>::RemoveNode(TreeNode& doomed) {
-  const bool holdsNetwork = internal::IsWithin(currentNetwork, doomed);
-  const bool holdsSubnet = internal::IsWithin(currentSubnet, doomed);
+  const bool holdsNetwork = internal::Holds(doomed, currentNetwork);
+  const bool holdsSubnet = internal::Holds(doomed, currentSubnet);
   if (!Index().Remove(doomed)) return 0;
   // A cursor into what was deleted becomes a cursor on nothing.
   if (holdsNetwork) currentNetwork = nullptr;

@@ -8,12 +8,17 @@
 
 #include <string>
 
+class DhcpConfigFile;
+
 namespace klepur::internal {
 
 template <>
 struct FamilyWords<DhcpVocabulary> {
   using P = DhcpVocabulary;
   using Types = SectionTypes<P>;
+
+  /// The class that callers use.
+  using File = ::DhcpConfigFile;
 
   static constexpr Statement kStatements[] = {
       {P::PARAM_HARDWARE_ETHERNET, "hardware ethernet", Form::kPlain},

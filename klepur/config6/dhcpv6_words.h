@@ -8,12 +8,17 @@
 
 #include <string>
 
+class Dhcpv6ConfigFile;
+
 namespace klepur::internal {
 
 template <>
 struct FamilyWords<Dhcpv6Vocabulary> {
   using P = Dhcpv6Vocabulary;
   using Types = SectionTypes<P>;
+
+  /// The class that callers use.
+  using File = ::Dhcpv6ConfigFile;
 
   static constexpr Statement kStatements[] = {
       {P::PARAM6_HARDWARE_ETHERNET, "hardware ethernet", Form::kPlain},

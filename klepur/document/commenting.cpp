@@ -50,7 +50,7 @@ std::string Commented(const std::vector<std::string>& lines, const std::string& 
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (i != 0) text += indent;
     if (IsBlankLine(lines[i])) {
-      text += '#' + lines[i].substr(lines[i].find_first_of("\r\n"));
+      text += '#' + lines[i].substr(std::min(lines[i].find_first_of("\r\n"), lines[i].size()));
     } else {
       text += "# " + lines[i].substr(indent.size());
     }
@@ -69,7 +69,8 @@ bool GiveOwnLines(DocumentState& state, NodeRun run) {
   }
   const std::string indent = IndentOf(state, run.first);
   const std::string line_end = LineEndAt(state, state.Begin(run.first));
-  if (!BeginsLine(state, run.first)) WriteGap(state, GapBefore(state, run.first), line_end + indent);
+  if (!BeginsLine(state, run.first))
+    WriteGap(state, GapBefore(state, run.first), line_end + indent);
   if (!EndsLine(state, run.last)) {
     const Gap behind = GapBehind(state, run.last);
     const bool closes = NextOf(state, behind) == kNoNode;
@@ -87,6 +88,13 @@ std::vector<NodeId> SiblingsBehind(const DocumentState& state, NodeId id) {
 std::string TextOf(const DocumentState& state, NodeRun run) {
   return state.text.Read(state.Begin(run.first), state.End(run.last));
 }
+
+/// What stood around a node that was commented out.
+struct Around {
+  NodeId first_child;
+  NodeId previous;
+  NodeId next;
+};
 
 /// The comments that a commented-out node became, if they are still what they were then.
 bool IsUntouched(const DocumentState& state, const Remembered& memory) {
@@ -153,22 +161,21 @@ void BringBackRemembered(DocumentState& state, NodeId id) {
   const NodeRun run = {memory.nodes.front(), memory.nodes.back()};
   ReplaceRun(state, run, memory.spans);
   DropAllButFirst(state, run);
-  const NodeId first_child = memory.links[0];
-  const NodeId trailing = memory.links[1];
-  BecomeLike(state, id, memory.records[0], first_child);
-  if (trailing != kNoNode) {
-    SyntaxNode& comment = state.tree.Change(trailing);
-    comment.gone = 0;
-    comment.begin = memory.records[1].begin;
-    comment.end = memory.records[1].end;
-    state.tree.Link(trailing, state.tree[id].parent, id);
+  const Around around = {memory.links[0], memory.links[1], memory.links[2]};
+  BecomeLike(state, id, memory.records.front(), around.first_child);
+  NodeId last = id;
+  for (std::size_t i = 3; i < memory.links.size(); ++i) {
+    state.tree.Change(memory.links[i]).gone = 0;
+    state.tree.Link(memory.links[i], state.tree[id].parent, last);
+    last = memory.links[i];
+    state.tree.Note(last);
   }
-  const Gap behind = GapBehind(state, trailing == kNoNode ? id : trailing);
-  if (NextOf(state, behind) == memory.links[3] && ReadGap(state, behind) == memory.texts[4]) {
+  const Gap behind = GapBehind(state, last);
+  if (NextOf(state, behind) == around.next && ReadGap(state, behind) == memory.texts[4]) {
     WriteGap(state, behind, memory.texts[2]);
   }
   const Gap before = GapBefore(state, id);
-  if (before.previous == memory.links[2] && ReadGap(state, before) == memory.texts[3]) {
+  if (before.previous == around.previous && ReadGap(state, before) == memory.texts[3]) {
     WriteGap(state, before, memory.texts[1]);
   }
 }
@@ -205,14 +212,18 @@ void CommentOutNode(DocumentState& state, NodeId id) {
   if (kind != NodeKind::kBlock && kind != NodeKind::kStatement) {
     throw Error(ErrorCode::kBadPlace, "only statements and blocks can be commented out");
   }
+  if (state.tree[id].unfinished) {
+    throw Error(ErrorCode::kMalformed, "the statement or block has no end");
+  }
   const NodeId end = LastGoingWith(state, id);
   const NodeId trailing = TrailingComment(state, end);
   const NodeRun run = {id, trailing == kNoNode ? end : trailing};
   const Gap before = GapBefore(state, id);
   const Gap behind = GapBehind(state, run.last);
   Remembered memory;
-  memory.links = {state.tree.FirstChild(id), end == id ? trailing : kNoNode, before.previous,
-                  NextOf(state, behind)};
+  memory.links = {state.tree.FirstChild(id), before.previous, NextOf(state, behind)};
+  const std::vector<NodeId> nodes = NodesOf(state, run);
+  memory.links.insert(memory.links.end(), nodes.begin() + 1, nodes.end());
   std::string whole_before = ReadGap(state, before);
   std::string whole_behind = ReadGap(state, behind);
   const bool opened = GiveOwnLines(state, run);
@@ -227,8 +238,7 @@ void CommentOutNode(DocumentState& state, NodeId id) {
     whole_behind = ReadGap(state, behind);
   }
   memory.spans = state.text.SpansOf(state.Begin(run.first), state.End(run.last));
-  memory.records = {state.tree[id],
-                    trailing == kNoNode ? SyntaxNode{} : state.tree[trailing]};
+  memory.records = {state.tree[id]};
   if (indent != own_indent) {
     WriteGap(state, before, std::string(WithoutLastLine(ReadGap(state, before))) + indent);
   }
@@ -239,9 +249,7 @@ void CommentOutNode(DocumentState& state, NodeId id) {
   ReplaceRun(state, run, {span});
   DropAllButFirst(state, run);
   memory.nodes = BecomeComments(state, id, text, span.begin);
-  if (end == id) {
-    state.memory.Remember({EditMemory::About::kCommented, id}, std::move(memory));
-  }
+  state.memory.Remember({EditMemory::About::kCommented, id}, std::move(memory));
   state.tree.Note(id);
   state.last_of_key.clear();
 }

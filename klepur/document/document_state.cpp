@@ -7,6 +7,7 @@
 namespace klepur::internal {
 
 DocumentState::DocumentState(TextBuffer bytes) : text(std::move(bytes)) {
+  tree.ReserveFor(text.BaseSize());
   StructureReader reader(tree, text.View({0, text.BaseSize()}), 0);
   reader.Read(kRoot);
   malformed = reader.IsMalformed();

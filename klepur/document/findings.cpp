@@ -1,6 +1,7 @@
 #include <klepur/document/findings.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include <klepur/document/comments.h>
@@ -25,10 +26,9 @@ class Collector {
       LookAt(id);
     }
     LookForNuls();
-    std::stable_sort(findings_.begin(), findings_.end(),
-                     [](const Finding& left, const Finding& right) {
-                       return left.where < right.where;
-                     });
+    std::stable_sort(
+        findings_.begin(), findings_.end(),
+        [](const Finding& left, const Finding& right) { return left.where < right.where; });
     return std::move(findings_);
   }
 
@@ -74,7 +74,8 @@ class Collector {
       return Add(FindingCode::kStrayBrace, state_.Begin(id), "a closing brace without a block");
     }
     NodeId previous = state_.tree[id].previous;
-    while (previous != kNoNode && state_.IsComment(previous)) previous = state_.tree[previous].previous;
+    while (previous != kNoNode && state_.IsComment(previous))
+      previous = state_.tree[previous].previous;
     const bool behind_block = previous != kNoNode && state_.IsBlock(previous);
     if (behind_block && state_.tree[previous].word == kWordKey &&
         !state_.tree[previous].late_semicolon) {
@@ -131,21 +132,29 @@ class Collector {
       message += "; by the indentation it seems to end before " + LineOf(outside);
     }
     Add(FindingCode::kUnclosedBlock, brace, std::move(message));
-    PieceText::Edge end = state_.text.End();
-    NodeId last = id;
-    while (state_.tree.LastChild(last) != kNoNode) last = state_.tree.LastChild(last);
-    end = last == id ? brace : state_.text.Behind(state_.tree[last].end);
-    if (last != id) state_.text.Back(end);
+    PieceText::Edge end = brace;
+    if (LastNode() != id) {
+      end = state_.text.Behind(state_.tree[LastNode()].end);
+      state_.text.Back(end);
+    }
     Add(FindingCode::kEndInBlock, end, "the file ends in the block that begins in " + LineOf(id),
         Severity::kNote);
   }
 
+  /// The last node of the file, which is in all blocks that nothing closes.
+  NodeId LastNode() {
+    for (NodeId id = last_; id != kNoNode; id = state_.tree.LastChild(id)) last_ = id;
+    return last_;
+  }
+
   /// The first child on a line of its own that is not deeper than its block.
   NodeId FirstThatSeemsOutside(NodeId block) const {
-    const std::size_t width = WidthOf(IndentOf(state_, block));
+    std::optional<std::size_t> width;
     for (NodeId child = state_.tree.FirstChild(block); child != kNoNode;
          child = state_.tree[child].next) {
-      if (BeginsLine(state_, child) && WidthOf(IndentOf(state_, child)) <= width) return child;
+      if (!BeginsLine(state_, child)) continue;
+      if (!width) width = WidthOf(IndentOf(state_, block));
+      if (WidthOf(IndentOf(state_, child)) <= *width) return child;
     }
     return kNoNode;
   }
@@ -193,6 +202,7 @@ class Collector {
   }
 
   const DocumentState& state_;
+  NodeId last_ = kRoot;
   std::vector<Finding> findings_;
 };
 

@@ -43,6 +43,9 @@ std::string ReadGap(const DocumentState& state, Gap gap) {
 }
 
 void WriteGap(DocumentState& state, Gap gap, std::string_view text) {
+  const bool behind_comment = gap.previous != kNoNode && state.IsComment(gap.previous);
+  const bool at_end = NextOf(state, gap) == kNoNode && gap.parent == kRoot;
+  if (behind_comment && !at_end && !HasLineEnd(text)) return;
   if (ReadGap(state, gap) == text) return;
   const Span span = state.text.Append(text);
   state.text.Replace(BeginOf(state, gap), EndOf(state, gap), {span});

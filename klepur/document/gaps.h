@@ -29,6 +29,7 @@ NodeId NextOf(const DocumentState& state, Gap gap);
 PieceText::Edge BeginOf(const DocumentState& state, Gap gap);
 PieceText::Edge EndOf(const DocumentState& state, Gap gap);
 std::string ReadGap(const DocumentState& state, Gap gap);
+/// A gap behind a comment keeps its line end whatever the text: else what follows would be swallowed.
 void WriteGap(DocumentState& state, Gap gap, std::string_view text);
 
 inline bool HasLineEnd(std::string_view text) {

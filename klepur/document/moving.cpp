@@ -45,6 +45,13 @@ class OffsetsInRun {
   std::vector<SpanBegin> begins_;
 };
 
+/// Whether a node stood between others on a line at this place before.
+bool StoodInLine(const DocumentState& state, NodeId first, Place place) {
+  const Remembered* memory = state.memory.Recall(
+      {EditMemory::About::kMoved, first, place.gap.previous, std::to_string(place.gap.parent)});
+  return memory != nullptr && !HasLineEnd(memory->texts[0]) && !HasLineEnd(memory->texts[1]);
+}
+
 /// Gives the nodes of a tree the addresses that their bytes have in the moved text.
 void Readdress(DocumentState& state, NodeId top, const OffsetsInRun& offsets,
                const Reindented& moved, Address base) {
@@ -72,11 +79,13 @@ void Require(const DocumentState& state, NodeId id, NodeId parent, const Placed&
   if (!state.HoldsNodes(parent)) {
     throw Error(ErrorCode::kBadPlace, "only blocks and the file hold statements");
   }
-  if (state.tree.IsBelow(parent, id)) {
-    throw Error(ErrorCode::kBadPlace, "a block cannot be moved into itself");
+  if (state.IsBlock(id) && state.tree[id].unfinished) {
+    throw Error(ErrorCode::kMalformed,
+                "the block is not closed, and reaches to the end of the file");
   }
   if (what.is_branch) {
-    throw Error(ErrorCode::kBadPlace, "an \"elsif\" or \"else\" cannot be moved without its \"if\"");
+    throw Error(ErrorCode::kBadPlace,
+                "an \"elsif\" or \"else\" cannot be moved without its \"if\"");
   }
 }
 
@@ -88,9 +97,9 @@ Place Without(const DocumentState& state, Place place, const std::vector<NodeId>
   return place;
 }
 
-/// \param within  whether it comes from the same block, on whose line it may stand as it did.
+/// \param stood_there  whether it stood on the line of that block, and so may again.
 Address PutMoved(DocumentState& state, Place place, const Reindented& moved,
-                 const std::string& indent, const Placed& what, bool within) {
+                 const std::string& indent, const Placed& what, bool stood_there) {
   const NodeId parent = place.gap.parent;
   const std::string& text = moved.Text();
   if (!IsMidLine(state, place)) {
@@ -99,7 +108,7 @@ Address PutMoved(DocumentState& state, Place place, const Reindented& moved,
   const bool below_comment = place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
   const bool in_one_line = parent != kRoot && IsOnOneLine(state, parent);
   if (!HasLineEnd(text) && text.find('#') == std::string::npos && !below_comment &&
-      (within || !in_one_line || !what.is_block)) {
+      (stood_there || !in_one_line || !what.is_block)) {
     return PutInLine(state, place, text);
   }
   if (!in_one_line) return PutBetweenLines(state, place, text, indent);
@@ -111,9 +120,8 @@ Address PutMoved(DocumentState& state, Place place, const Reindented& moved,
 void RestoreGaps(DocumentState& state, NodeRun run) {
   const Gap before = GapBefore(state, run.first);
   const Gap behind = GapBehind(state, run.last);
-  const Remembered* memory =
-      state.memory.Recall({EditMemory::About::kMoved, run.first, before.previous,
-                           std::to_string(before.parent)});
+  const Remembered* memory = state.memory.Recall(
+      {EditMemory::About::kMoved, run.first, before.previous, std::to_string(before.parent)});
   if (memory == nullptr || memory->nodes.front() != NextOf(state, behind)) return;
   WriteGap(state, before, memory->texts[0]);
   WriteGap(state, behind, memory->texts[1]);
@@ -127,12 +135,16 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
   Require(state, id, parent, what);
   const NodeRun run = RunOf(state, id, CommentsAbove::kAuto);
   const std::vector<NodeId> nodes = NodesOf(state, run);
+  if (std::any_of(nodes.begin(), nodes.end(),
+                  [&](NodeId node) { return state.tree.IsBelow(parent, node); })) {
+    throw Error(ErrorCode::kBadPlace, "a block cannot be moved into itself");
+  }
   if (std::find(nodes.begin(), nodes.end(), anchor) != nodes.end()) return;
   const Place place = Without(state, FindPlace(state, parent, what, where, anchor), nodes);
   const NodeId old_parent = state.tree[id].parent;
   const NodeId above = state.tree[FirstOwnComment(state, id)].previous;
-  if (old_parent == parent && (place.gap.previous == state.tree[run.first].previous ||
-                               place.gap.previous == above)) {
+  if (old_parent == parent &&
+      (place.gap.previous == state.tree[run.first].previous || place.gap.previous == above)) {
     return;
   }
 
@@ -143,7 +155,8 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
   const std::string old_indent = IndentOf(state, run.first);
   TakeOut(state, run);
   const Reindented moved(text, old_indent, indent);
-  const Address address = PutMoved(state, place, moved, indent, what, old_parent == parent);
+  const Address address = PutMoved(state, place, moved, indent, what,
+                                   old_parent == parent || StoodInLine(state, run.first, place));
   NodeId previous = place.gap.previous;
   for (const NodeId node : nodes) {
     Readdress(state, node, offsets, moved, address);
@@ -154,6 +167,7 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
   RestoreGaps(state, run);
   state.last_of_key.clear();
   CloseOpenedBlocks(state, old_parent);
+  CloseOpenedBlocks(state, parent);
 }
 
 }  // namespace klepur::internal

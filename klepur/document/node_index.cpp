@@ -1,5 +1,7 @@
 #include <klepur/document/node_index.h>
 
+#include <algorithm>
+
 namespace klepur::internal {
 namespace {
 
@@ -20,11 +22,14 @@ void NodeIndex::Update(const SyntaxTree& tree, const KeysOf& keys_of) {
 std::vector<NodeId> NodeIndex::Candidates(std::uint64_t hash) const {
   std::vector<NodeId> found;
   if (slots_.empty()) return found;
-  const std::uint32_t folded = Folded(hash);
-  for (std::size_t at = folded & (slots_.size() - 1); slots_[at].id != kNoNode;
-       at = (at + 1) & (slots_.size() - 1)) {
-    if (slots_[at].hash == folded) found.push_back(slots_[at].id);
+  const Slot& slot = slots_[SlotOf(Folded(hash))];
+  if (slot.id == kNoNode) return found;
+  found.push_back(slot.id);
+  for (std::uint32_t at = slot.more; at != kNoMore; at = more_[at].more) {
+    found.push_back(more_[at].id);
   }
+  std::sort(found.begin(), found.end());
+  found.erase(std::unique(found.begin(), found.end()), found.end());
   return found;
 }
 
@@ -38,24 +43,31 @@ std::uint64_t NodeIndex::HashOf(std::string_view key, std::uint64_t seed) {
   return hash ^ (hash >> 32);
 }
 
+std::size_t NodeIndex::SlotOf(std::uint32_t hash) const {
+  std::size_t at = hash & (slots_.size() - 1);
+  while (slots_[at].id != kNoNode && slots_[at].hash != hash) at = (at + 1) & (slots_.size() - 1);
+  return at;
+}
+
 void NodeIndex::Insert(std::uint32_t hash, NodeId id) {
   if (used_ * 2 >= slots_.size()) Grow();
-  std::size_t at = hash & (slots_.size() - 1);
-  for (; slots_[at].id != kNoNode; at = (at + 1) & (slots_.size() - 1)) {
-    if (slots_[at].id == id && slots_[at].hash == hash) return;
+  Slot& slot = slots_[SlotOf(hash)];
+  if (slot.id == id) return;
+  if (slot.id == kNoNode) {
+    slot = {hash, id, kNoMore};
+    ++used_;
+    return;
   }
-  slots_[at] = {hash, id};
-  ++used_;
+  more_.push_back({slot.id, slot.more});
+  slot.id = id;
+  slot.more = static_cast<std::uint32_t>(more_.size() - 1);
 }
 
 void NodeIndex::Grow() {
   std::vector<Slot> old(slots_.empty() ? kFewestSlots : slots_.size() * 2);
   old.swap(slots_);
   for (const Slot& slot : old) {
-    if (slot.id == kNoNode) continue;
-    std::size_t at = slot.hash & (slots_.size() - 1);
-    while (slots_[at].id != kNoNode) at = (at + 1) & (slots_.size() - 1);
-    slots_[at] = slot;
+    if (slot.id != kNoNode) slots_[SlotOf(slot.hash)] = slot;
   }
 }
 

@@ -3,6 +3,12 @@
 #include <algorithm>
 
 namespace klepur::internal {
+namespace {
+
+/// Up to here, stepping back to the start of a line takes less time than looking for it.
+constexpr std::size_t kUsualLine = 1000;
+
+}  // namespace
 
 void Positions::Update(const PieceText& text, std::size_t edits) {
   if (edits_ == edits) return;
@@ -30,7 +36,10 @@ Position Positions::Of(const PieceText& text, PieceText::Edge edge) const {
   const std::size_t before =
       piece == nullptr ? lines_ : piece->lines + LineEndsIn(text, piece->begin, edge.address);
   std::size_t column = 1;
-  for (PieceText::Edge at = edge; text.Back(at) && text.ByteAt(at) != '\n';) ++column;
+  for (PieceText::Edge at = edge; text.Back(at) && text.ByteAt(at) != '\n';) {
+    if (++column < kUsualLine) continue;
+    return {before + 1, OffsetOf(edge) - OffsetOf(LineBegin(text, before + 1)) + 1};
+  }
   return {before + 1, column};
 }
 
@@ -38,9 +47,8 @@ PieceText::Edge Positions::LineBegin(const PieceText& text, std::size_t line) co
   if (line <= 1 || pieces_.empty()) return text.Start();
   // The piece that holds the line end before the line.
   const auto behind =
-      std::partition_point(pieces_.begin(), pieces_.end(), [line](const PieceBegin& piece) {
-        return piece.lines < line - 1;
-      });
+      std::partition_point(pieces_.begin(), pieces_.end(),
+                           [line](const PieceBegin& piece) { return piece.lines < line - 1; });
   const PieceBegin& piece = behind[-1];
   const std::size_t ends = line - 1 - piece.lines;
   Address at = 0;

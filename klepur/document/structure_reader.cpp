@@ -23,10 +23,16 @@ const char* BehindGap(const char* from, const char* end) {
   return from;
 }
 
+/// The last line end of these bytes; null when there is none.
+const char* LastLineEnd(const char* begin, const char* end) {
+  const std::size_t last = Between(begin, end).rfind('\n');
+  return last == std::string_view::npos ? nullptr : begin + last;
+}
+
 /// Words behind which a statement must go on.
 bool WantsMore(std::string_view word) {
   static constexpr std::array<std::string_view, 14> kWords = {
-      "and", "or",     "not",   "if",      "with", "option",      "exists",
+      "and", "or",      "not",   "if", "with", "option",      "exists",
       "of",  "members", "match", "on", "code", "encapsulate", "array"};
   return std::any_of(kWords.begin(), kWords.end(),
                      [word](std::string_view other) { return EqualButForCase(word, other); });
@@ -201,12 +207,14 @@ void StructureReader::ReadStatement() {
         comment = true;
         at = FindLineEnd(at, end_);
         break;
-      default:
-        if (braces == 0 && StatementFollows(at)) {
+      default: {
+        const char* const behind = BehindGap(at, end_);
+        if (braces == 0 && behind < end_ && IsLetter(*behind) && BeginsStatement(behind, end_)) {
           so_far.AdvanceTo(at);
           if (so_far.CouldBeWhole()) return AddUnfinished(start, at, open_quote);
         }
-        ++at;
+        at = behind;
+      }
     }
   }
 }
@@ -233,31 +241,35 @@ bool StructureReader::ReadLabel() {
   return true;
 }
 
-bool StructureReader::StatementFollows(const char* line_end) const {
-  const char* const next = BehindGap(line_end, end_);
-  return next < end_ && IsLetter(*next) && BeginsStatement(next, end_);
+const char* StructureReader::BehindString(const char* quote, bool& open) {
+  if (FindClosing(quote)) {
+    const char* const behind = closing_ + 1;
+    const bool over_lines = last_line_end_ > quote;
+    const bool word_follows = behind < end_ && (IsWordByte(*behind) || *behind == '"' ||
+                                                *behind == '.' || (*behind & 0x80) != 0);
+    if (!over_lines || !word_follows) return behind;
+  }
+  open = true;
+  return quote + 1;
 }
 
-const char* StructureReader::BehindString(const char* quote, bool& open) {
+bool StructureReader::FindClosing(const char* quote) {
+  if (opening_ < quote && quote < closing_) return true;
   const char* at = quote + 1;
   while (quotes_pair_) {
     at = FindStringMark(at, end_);
     if (at >= end_) break;
     if (*at == '"') {
-      const char* const behind = at + 1;
-      const bool over_lines = FindLineEnd(quote, at) != at;
-      const bool word_follows = behind < end_ && (IsWordByte(*behind) || *behind == '"' ||
-                                                  *behind == '.' || (*behind & 0x80) != 0);
-      if (!over_lines || !word_follows) return behind;
-      open = true;
-      return quote + 1;
+      opening_ = quote;
+      closing_ = at;
+      last_line_end_ = LastLineEnd(quote, at);
+      return true;
     }
     at = std::min(at + 2, end_);
   }
   // From this quote on none that is not behind a backslash follows, so none of them closes another.
   quotes_pair_ = false;
-  open = true;
-  return quote + 1;
+  return false;
 }
 
 NodeId StructureReader::Add(NodeKind kind, const char* begin, const char* end) {

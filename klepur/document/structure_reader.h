@@ -45,8 +45,8 @@ class StructureReader {
   void ReadComment();
   void ReadStatement();
   bool ReadLabel();
-  bool StatementFollows(const char* line_end) const;
   const char* BehindString(const char* quote, bool& open);
+  bool FindClosing(const char* quote);
   NodeId Add(NodeKind kind, const char* begin, const char* end);
   void AddStatement(const char* start, const char* end, bool unfinished, bool open_quote);
   void AddUnfinished(const char* start, const char* limit, bool open_quote);
@@ -65,6 +65,11 @@ class StructureReader {
   NodeId parent_ = kNoNode;
   NodeId previous_ = kNoNode;
   bool quotes_pair_ = true;
+  // The string that was looked at last: its quotes, and the last line end in it. Each quote between them
+  // that is taken for the first of a string would end there too.
+  const char* opening_ = nullptr;
+  const char* closing_ = nullptr;
+  const char* last_line_end_ = nullptr;
   bool malformed_ = false;
   std::string_view last_word_;
   std::uint8_t last_word_number_ = 0;

@@ -34,6 +34,8 @@ class SyntaxTree {
   bool IsGone(NodeId id) const;
   bool IsBelow(NodeId id, NodeId ancestor) const;
 
+  /// Takes addresses for as many nodes as a text of this size usually has.
+  void ReserveFor(std::size_t text_size) { nodes_.reserve(text_size / 32 + 1); }
   /// For the reader: a new node at the end, linked by itself.
   NodeId Append(const SyntaxNode& node);
   SyntaxNode& Made(NodeId id) { return nodes_[id]; }

@@ -36,10 +36,11 @@ std::size_t WordsOfText::BehindBlanks(std::size_t at) const {
   return at;
 }
 
-std::size_t WordsOfText::BehindWord(std::size_t at) const {
-  if (text_[at] == '"') {
+std::size_t WordsOfText::BehindWord(std::size_t at) {
+  if (text_[at] == '"' && quotes_pair_) {
     const std::size_t end = StringEnd(text_, at);
-    return end == std::string_view::npos ? at + 1 : end;
+    if (end != std::string_view::npos) return end;
+    quotes_pair_ = false;
   }
   if (!Joins(text_[at])) return at + 1;
   while (at < text_.size() && Joins(text_[at])) ++at;

@@ -20,10 +20,12 @@ class WordsOfText {
 
  private:
   std::size_t BehindBlanks(std::size_t at) const;
-  std::size_t BehindWord(std::size_t at) const;
+  std::size_t BehindWord(std::size_t at);
 
   std::string_view text_;
   std::size_t at_ = 0;
+  bool quotes_pair_ =
+      true;  ///< Until one is met that nothing closes: then nothing closes the others.
 };
 
 /// The first word.

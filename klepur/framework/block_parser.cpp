@@ -81,8 +81,15 @@ bool BlockParser::ParseFile(const char* path, void* target) {
   return false;
 }
 
+void BlockParser::OpenStream(const char* path) {
+  auto* const file = new FileIterator(path);
+  stream = file;
+  // Where blocks go when they have ended, there are few objects at a time.
+  memory_.Expect(atBlockEnd_ ? 0 : file->Size() * 3 / 2);
+}
+
 bool BlockParser::ParseInstalledStream(const char* path, void* target) {
-  if (stream == nullptr) stream = new FileIterator(path);
+  if (stream == nullptr) OpenStream(path);
   InstallLexer();
   const bool read = DoParse(target);
   stream->CloseFile();
@@ -216,7 +223,8 @@ int BlockParser::AddSectionParameter(std::string& text) {
   TrimEnd(text);
   const bool isComment = lastPunctuator == kComment;
   if (isComment) TrimStart(text);
-  currentNode->section.Append(memory_, text, isComment ? "#" : nullptr);
+  // As a C string: a caller's text may hold a NUL byte, behind which nothing counts.
+  currentNode->section.Append(memory_, text.c_str(), isComment ? "#" : nullptr);
   lineBuffer.clear();
   lastPunctuator = kNone;
   return 1;

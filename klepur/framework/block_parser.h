@@ -3,9 +3,9 @@
 #define KLEPUR_FRAMEWORK_BLOCK_PARSER_H
 
 #include <klepur/export.h>
-#include <klepur/framework/object_memory.h>
 #include <klepur/framework/parser_base.h>
 #include <klepur/framework/section_holder.h>
+#include <klepur/memory/object_memory.h>
 
 #include <cstdio>
 #include <functional>
@@ -115,6 +115,7 @@ class KLEPUR_EXPORT BlockParser : public CfParser {
  private:
   CfLex* PlainLexer() const;
   bool TakeToken();
+  void OpenStream(const char* path);
   bool ParseInstalledStream(const char* path, void* target);
   void AbandonParse() noexcept;
   void OpenBlock(Tree<CfSection>::TreeNode& parent, const char* name);

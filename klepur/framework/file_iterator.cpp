@@ -22,18 +22,16 @@ int OpenForReading(const char* path) {
   return descriptor;
 }
 
-bool IsDirectory(int descriptor) {
-  struct stat status = {};
-  return ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
-}
-
 }  // namespace
 
-FileIterator::FileIterator(const char* path) : descriptor_(OpenForReading(path)) {
-  if (IsDirectory(descriptor_)) {
+FileIterator::FileIterator(const char* path) : descriptor_(OpenForReading(path)), size_(0) {
+  struct stat status = {};
+  if (::fstat(descriptor_, &status) != 0) return;
+  if (S_ISDIR(status.st_mode)) {
     FileIterator::CloseFile();
     ThrowReason(EISDIR);
   }
+  if (S_ISREG(status.st_mode)) size_ = static_cast<std::size_t>(status.st_size);
 }
 
 FileIterator::~FileIterator() {

@@ -17,6 +17,9 @@ class KLEPUR_EXPORT FileIterator : public StreamIterator {
   /// Closes the file when CloseFile has not.
   ~FileIterator() override;
 
+  /// How many bytes the file had when it was opened; 0 of what has no size, such as a pipe.
+  std::size_t Size() const noexcept { return size_; }
+
   /// As in StreamIterator. An interrupted read goes on; a failed one throws std::system_error with
   /// the system's reason as its what().
   std::size_t Read(char* buffer, std::size_t size) override;
@@ -26,6 +29,7 @@ class KLEPUR_EXPORT FileIterator : public StreamIterator {
 
  private:
   int descriptor_;
+  std::size_t size_;
 };
 
 #endif

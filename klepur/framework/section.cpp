@@ -1,6 +1,5 @@
-#include <klepur/framework/object_memory.h>
 #include <klepur/framework/section.h>
-#include <klepur/framework/tree_state.h>
+#include <klepur/memory/object_memory.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -28,23 +27,20 @@ CfSection::CfSection(const CfSection& other) : CfSection() {
 CfSection::CfSection(CfSection&& other) noexcept
     : entryList(std::move(other.entryList)), name_(std::move(other.name_)) {
   other.entryList.clear();
-  other.CountChange();
 }
 
 CfSection& CfSection::operator=(CfSection other) noexcept {
   std::swap(name_, other.name_);
   entryList.swap(other.entryList);
-  CountChange();
   return *this;
 }
 
 CfSection::~CfSection() {
-  for (CfSectionEntry* entry : entryList) Delete(entry);
+  for (CfSectionEntry* entry : entryList) delete entry;
 }
 
 void CfSection::SetName(const char* name) {
   name_ = name == nullptr ? Name() : Name(name);
-  CountChange();
 }
 
 int CfSection::AddEntry(const char* key, const char* /*value*/, const char* comment) {
@@ -70,15 +66,13 @@ void CfSection::Append(std::unique_ptr<CfSectionEntry> entry) {
   if (entryList.capacity() == 0) entryList.reserve(kUsualEntries);
   entryList.push_back(entry.get());
   static_cast<void>(entry.release());  // the list owns it now
-  CountChange();
 }
 
 int CfSection::RemoveEntry(CfSectionEntry* entry) {
   const auto position = std::find(entryList.begin(), entryList.end(), entry);
   if (entry == nullptr || position == entryList.end()) return 0;
   entryList.erase(position);
-  Delete(entry);
-  CountChange();
+  delete entry;
   return 1;
 }
 
@@ -90,38 +84,6 @@ std::vector<CfSectionEntry*>::iterator CfSection::FindEntry(CfSectionEntry* prob
 }
 
 void CfSection::ClearEntryList() noexcept {
-  for (CfSectionEntry* entry : entryList) Delete(entry);
+  for (CfSectionEntry* entry : entryList) delete entry;
   entryList.clear();
-  CountChange();
-}
-
-void CfSection::Delete(CfSectionEntry* entry) noexcept {
-  if (entry != nullptr) entry->SetCountsChanges(false);
-  delete entry;
-}
-
-/// Makes this the section of a topmost node, which begins a tree of its own.
-void CfSection::StartTree() {
-  state_ = new klepur::internal::TreeState;
-  state_->nodes = 1;
-}
-
-/// Makes this the section of a new node that was built with a parent.
-void CfSection::EnterTree(const CfSection* above) noexcept {
-  if (above == nullptr || above->state_ == nullptr) return;
-  state_ = above->state_;
-  ++state_->nodes;
-  ++state_->changes;
-}
-
-/// The node that carries this section is about to die.
-void CfSection::LeaveTree() noexcept {
-  if (state_ == nullptr) return;
-  ++state_->changes;
-  if (--state_->nodes == 0) delete state_;
-  state_ = nullptr;
-}
-
-void CfSection::CountChange() noexcept {
-  if (state_ != nullptr) ++state_->changes;
 }

@@ -3,25 +3,19 @@
 #define KLEPUR_FRAMEWORK_SECTION_H
 
 #include <klepur/export.h>
-#include <klepur/framework/c_string.h>
 #include <klepur/framework/section_entry.h>
+#include <klepur/memory/c_string.h>
 
 #include <memory>
 #include <string_view>
 #include <vector>
 
-class CfSectionHolder;
-template <class Section>
-class Tree;
 namespace klepur {
 class BlockParser;
 }
 namespace klepur::internal {
-struct KnownNode;
-struct TreeState;
 class ObjectMemory;
-class TreeIndex;
-}  // namespace klepur::internal
+}
 
 /// One block of a file: its header as the name ("host pc-17") and its lines in file order.
 ///
@@ -74,33 +68,20 @@ class KLEPUR_EXPORT CfSection {
   /// Deletes every line. The name stays.
   void ClearEntryList() noexcept;
 
-  /// The lines in file order, owned by the section. Change it through the members above: lookups do
-  /// not notice other changes. A null in it is passed over.
+  /// The lines in file order, owned by the section. It may be changed by hand: an entry put in was
+  /// made with new, and one taken out is the caller's. A null in it is passed over.
   std::vector<CfSectionEntry*> entryList;
 
  private:
-  friend CfSectionHolder;
   friend klepur::BlockParser;
-  friend klepur::internal::TreeIndex;
-  template <class Section>
-  friend class Tree;
 
   int Append(const char* key, const char* comment);
   void Append(klepur::internal::ObjectMemory& memory, std::string_view key, const char* comment);
   void Append(std::unique_ptr<CfSectionEntry> entry);
-  static void Delete(CfSectionEntry* entry) noexcept;
-
-  void StartTree();
-  void EnterTree(const CfSection* above) noexcept;
-  void LeaveTree() noexcept;
-  void CountChange() noexcept;
 
   using Name = klepur::internal::CString<24>;
 
   Name name_;
-  klepur::internal::TreeState* state_ =
-      nullptr;  // of the tree in which a node carries this section
-  klepur::internal::KnownNode* known_ = nullptr;  // the tree's index's
 };
 
 #endif

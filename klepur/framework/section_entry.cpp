@@ -1,4 +1,3 @@
-#include <klepur/framework/entry_changes.h>
 #include <klepur/framework/section_entry.h>
 
 CfSectionEntry::CfSectionEntry() noexcept = default;
@@ -10,7 +9,6 @@ CfSectionEntry::CfSectionEntry(const CfSectionEntry& other)
 
 CfSectionEntry::CfSectionEntry(std::string_view key, const char* comment) : keyName_(key) {
   SetComment(comment);
-  SetCountsChanges(true);
 }
 
 CfSectionEntry& CfSectionEntry::operator=(const CfSectionEntry& other) {
@@ -21,13 +19,10 @@ CfSectionEntry& CfSectionEntry::operator=(const CfSectionEntry& other) {
   return *this;
 }
 
-CfSectionEntry::~CfSectionEntry() {
-  if (CountsChanges()) klepur::internal::CountEntryChange();
-}
+CfSectionEntry::~CfSectionEntry() = default;
 
 void CfSectionEntry::SetKeyName(const char* key) {
   keyName_ = key == nullptr ? KeyName() : KeyName(key);
-  if (CountsChanges()) klepur::internal::CountEntryChange();
 }
 
 void CfSectionEntry::SetComment(const char* comment) {

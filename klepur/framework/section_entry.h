@@ -3,18 +3,18 @@
 #define KLEPUR_FRAMEWORK_SECTION_ENTRY_H
 
 #include <klepur/export.h>
-#include <klepur/framework/c_string.h>
-#include <klepur/framework/made_anywhere.h>
+#include <klepur/memory/c_string.h>
+#include <klepur/memory/made_anywhere.h>
 
 #include <memory>
 #include <string>
 #include <string_view>
 
 class CfSection;
+class DhcpParser;
 namespace klepur::internal {
 class ObjectMemory;
-class TreeIndex;
-}  // namespace klepur::internal
+}
 
 /// One line of a block: a statement or a comment.
 ///
@@ -53,18 +53,14 @@ class KLEPUR_EXPORT CfSectionEntry : public klepur::internal::MadeAnywhere {
 
  private:
   friend CfSection;
+  friend DhcpParser;
   friend klepur::internal::ObjectMemory;
-  friend klepur::internal::TreeIndex;
 
   using KeyName = klepur::internal::CString<40>;
 
   CfSectionEntry(std::string_view key, const char* comment);
 
-  /// Whether its changes are counted, see entry_changes.h: while a section owns it.
-  bool CountsChanges() const noexcept { return keyName_.IsMarked(); }
-  void SetCountsChanges(bool count) noexcept { keyName_.SetMark(count); }
-
-  KeyName keyName_;                       // its mark is CountsChanges
+  KeyName keyName_;
   std::unique_ptr<std::string> comment_;  // one pointer wide: few lines have one
 };
 

@@ -1,8 +1,5 @@
 #include <klepur/framework/section_holder.h>
-#include <klepur/framework/tree_index.h>
 
-CfSectionHolder::CfSectionHolder() : topNode(nullptr, CfSection()) {
-  topNode.section.StartTree();
-}
+CfSectionHolder::CfSectionHolder() : topNode(nullptr, CfSection()) {}
 
 CfSectionHolder::~CfSectionHolder() = default;

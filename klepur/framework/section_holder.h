@@ -5,8 +5,6 @@
 #include <klepur/export.h>
 #include <klepur/framework/tree.h>
 
-#include <memory>
-
 /// Owns the tree of one file.
 ///
 /// After a parse the top level holds one node, named "TREE_ROOT_SECTION", and every block of the
@@ -23,11 +21,6 @@ class KLEPUR_EXPORT CfSectionHolder {
 
   /// Carries the top level as its children. Its own section has no name and is never written.
   Tree<CfSection>::TreeNode topNode;
-
- private:
-  friend klepur::internal::TreeIndex;
-
-  std::unique_ptr<klepur::internal::TreeIndex> index_;
 };
 
 #endif

@@ -3,8 +3,8 @@
 #define KLEPUR_FRAMEWORK_TREE_H
 
 #include <klepur/export.h>
-#include <klepur/framework/made_anywhere.h>
 #include <klepur/framework/section.h>
+#include <klepur/memory/made_anywhere.h>
 
 #include <iterator>
 #include <list>
@@ -37,19 +37,14 @@ class Tree {
 
     /// The same, taking over what `payload` holds.
     TreeNode(TreeNode* above, Section&& payload)
-        : parent(above), children(nullptr), section(std::move(payload)) {
-      section.EnterTree(above != nullptr ? &above->section : nullptr);
-    }
+        : parent(above), children(nullptr), section(std::move(payload)) {}
 
     TreeNode(const TreeNode&) = delete;
     TreeNode& operator=(const TreeNode&) = delete;
 
     /// Deletes every node below this one, deepest first, then the section. Does not unlink this
     /// node from its parent's child list.
-    virtual ~TreeNode() {
-      DeleteAllItems();
-      section.LeaveTree();
-    }
+    virtual ~TreeNode() { DeleteAllItems(); }
 
     /// Calls `visit` on this node's section and then on those below it.
     ///
@@ -97,13 +92,9 @@ class Tree {
     TreeNode* parent;
 
     /// The nodes below this one in file order. Null until the first one comes: whoever adds it
-    /// makes the list. Owned, with the nodes in it. A null in the list is passed over by every
-    /// walk.
-    ///
-    /// A node enters the list of the node that it was built with, and leaves it to be deleted: the
-    /// lookups of DhcpConfigFile and Dhcpv6ConfigFile notice that, and every change to a section.
-    /// They do not notice that a living node was moved: tell them by calling SetName on its
-    /// section, with the name that it has, before the next call.
+    /// makes the list. Owned, with the nodes in it. Nodes may be taken out, put in and reordered by
+    /// hand; who hangs a node elsewhere sets its `parent` too. A null in the list is passed over by
+    /// every walk.
     std::list<TreeNode*>* children;
 
     /// The name and lines of this block.

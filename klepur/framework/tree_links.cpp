@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <list>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace klepur::internal {
 namespace {
@@ -58,6 +60,23 @@ TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part) {
   return place == end ? nullptr : FirstBehind(place, end, part);
 }
 
+bool HoldsLine(const CfSection& section, const char* line) {
+  return std::any_of(section.entryList.begin(), section.entryList.end(),
+                     [line](const CfSectionEntry* entry) {
+                       return entry != nullptr && std::strcmp(entry->GetKeyName(), line) == 0;
+                     });
+}
+
+TreeNode* FirstChildWithLine(const TreeNode& node, const char* line, std::size_t& lines) {
+  if (node.children == nullptr) return nullptr;
+  for (TreeNode* child : *node.children) {
+    if (child == nullptr) continue;
+    lines += child->section.entryList.size();
+    if (HoldsLine(child->section, line)) return child;
+  }
+  return nullptr;
+}
+
 bool Unlink(TreeNode& node) {
   if (!HasSiblingList(node)) return false;
   const auto place = PlaceAmongSiblings(node);
@@ -66,9 +85,18 @@ bool Unlink(TreeNode& node) {
   return true;
 }
 
-bool IsWithin(const TreeNode* node, const TreeNode& block) {
-  while (node != nullptr && node != &block) node = node->parent;
-  return node != nullptr;
+bool Holds(const TreeNode& block, const TreeNode* node) {
+  if (&block == node) return true;
+  if (block.children == nullptr || node == nullptr) return false;
+  std::vector<const TreeNode*> left = {&block};
+  while (!left.empty()) {
+    const TreeNode* const next = left.back();
+    left.pop_back();
+    if (next == node) return true;
+    if (next == nullptr || next->children == nullptr) continue;
+    left.insert(left.end(), next->children->begin(), next->children->end());
+  }
+  return false;
 }
 
 TreeNode* AppendChild(TreeNode& parent, CfSection&& section) {

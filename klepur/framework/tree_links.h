@@ -2,9 +2,9 @@
 #ifndef KLEPUR_FRAMEWORK_TREE_LINKS_H
 #define KLEPUR_FRAMEWORK_TREE_LINKS_H
 
-#include <klepur/framework/section_holder.h>
 #include <klepur/framework/tree.h>
 
+#include <cstddef>
 #include <list>
 #include <memory>
 #include <string_view>
@@ -31,12 +31,21 @@ TreeNode* FirstBehind(std::list<TreeNode*>::iterator place, std::list<TreeNode*>
 /// Cost: linear in the length of the list.
 TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part);
 
+/// Whether a section holds exactly this line.
+bool HoldsLine(const CfSection& section, const char* line);
+
+/// The first child that holds exactly this line; null when none does. How many lines there were to
+/// compare is added to `lines`.
+TreeNode* FirstChildWithLine(const TreeNode& node, const char* line, std::size_t& lines);
+
 /// Takes a node out of its parent's child list without deleting it; false when it is not in it.
 /// Cost: linear in the length of the list.
 bool Unlink(TreeNode& node);
 
-/// Whether `node` is `block` or nested in it, however deep. Null is in no block.
-bool IsWithin(const TreeNode* node, const TreeNode& block);
+/// Whether `node` is `block` or hangs in a child list below it, however deep; null does not. Only
+/// the address of `node` is looked at.
+/// Cost: linear in the number of nodes below `block`.
+bool Holds(const TreeNode& block, const TreeNode* node);
 
 /// Appends a new node that carries `section` as the last child of `parent`, making the child list
 /// when there is none, and returns it. When memory runs out nothing is appended.

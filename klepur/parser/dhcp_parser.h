@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 /// Reads and writes one DHCP server configuration file. How text becomes a tree: see
 /// klepur::BlockParser.
@@ -74,11 +75,16 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   unsigned int leftmostDepth;  ///< Grows with every write, see FileWriter.
 
  private:
+  char* Room(std::size_t size);
+  void MakeRoom(std::size_t size);
+  void AppendLine(std::size_t tabs, std::string_view line);
+  void AppendEntry(std::size_t tabs, const CfSectionEntry& entry);
   void WriteWhenLong() noexcept;
   void WriteCollected() noexcept;
   void FinishFile() noexcept;
 
-  std::string text_;           // what is about to be written
+  std::string text_;           // its front is about to be written
+  std::size_t collected_ = 0;  // how long that is
   std::size_t writeSize_ = 0;  // how long that must be to be written: 0 but for whole files
 };
 

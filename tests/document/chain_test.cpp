@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "tests/document/document_test.h"
 #include "tests/support/document_tree.h"
@@ -386,6 +387,61 @@ TEST_P(Switch, IsCommentedOutAndBack) {
   EXPECT_TRUE(switch_.IsDisabled());
   Edit([&] { switch_.BringBack(); });
   EXPECT_EQ(Text(), First());
+}
+
+TEST_P(Chain, IsDisabledAsAWholeWithProseBelow) {
+  Given(
+      "# was { once }\n"
+      "if known {\n"
+      "  filename \"a\"; # one\n"
+      "} else {\n"
+      "  filename \"b\";\n"
+      "} # end\n"
+      "# prose\n"
+      "authoritative;\n");
+  Node chain = Root().Child("if");
+  Edit([&] { chain.CommentOut(); });
+  EXPECT_EQ(Text(),
+            "# was { once }\n"
+            "# if known {\n"
+            "#   filename \"a\"; # one\n"
+            "# } else {\n"
+            "#   filename \"b\";\n"
+            "# } # end\n"
+            "# prose\n"
+            "authoritative;\n");
+  EXPECT_TRUE(chain.IsDisabled());
+  EXPECT_EQ(Root().Child("authoritative").Comments().size(), 1U);
+  Edit([&] { chain.BringBack(); });
+  EXPECT_EQ(Text(), First());
+}
+
+TEST_P(Chain, IsNotMovedIntoABranchOfItsOwn) {
+  GivenChain();
+  for (const char* const branch : {"if", "elsif", "else"}) {
+    EXPECT_EQ(Refused([&] { Root().Child("if").MoveTo(Root().Child(branch)); }), "bad place")
+        << branch;
+  }
+}
+
+TEST_P(Chain, IsFoundInAgainAfterItWasMovedIntoAndCommentedOut) {
+  Given(
+      "if known {\n"
+      "  filename \"a\";\n"
+      "} else {\n"
+      "}\n"
+      "group {\n"
+      "  filename \"b\";\n"
+      "}\n");
+  Node group = Find("group");
+  Edit([&] { group.MoveTo(Root().Child("if")); });
+  Node chain = Root().Child("if");
+  Edit([&] { chain.CommentOut(); });
+  EXPECT_TRUE(Doc().FindAll("group").empty());
+  Edit([&] { chain.BringBack(); });
+  const std::vector<Node> groups = Doc().FindAll("group");
+  ASSERT_EQ(groups.size(), 1U);
+  EXPECT_EQ(groups[0].Parent(), chain);
 }
 
 }  // namespace

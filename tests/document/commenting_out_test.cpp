@@ -370,5 +370,101 @@ TEST_P(CommentingOut, DisabledStatementCanBeRemoved) {
             "authoritative;\n");
 }
 
+TEST_P(CommentingOut, LastOnASharedLineTakesTheCommentBehindIt) {
+  Given(
+      "max-lease-time 600; min-lease-time 60;  # times\n"
+      "# gateway\n"
+      "option routers 10.0.0.1;\n");
+  Node last = Root().Child("min-lease-time");
+  Edit([&] { last.CommentOut(); });
+  EXPECT_EQ(Text(),
+            "max-lease-time 600;\n"
+            "# min-lease-time 60;  # times\n"
+            "# gateway\n"
+            "option routers 10.0.0.1;\n");
+  EXPECT_EQ(Root().Child("option routers").Comments().size(), 1U);
+  Edit([&] { last.BringBack(); });
+  EXPECT_EQ(Text(), First());
+}
+
+TEST_P(CommentingOut, FirstOnASharedLineLeavesTheCommentBehindTheLast) {
+  Given(
+      "max-lease-time 600; min-lease-time 60;  # times\n"
+      "option routers 10.0.0.1;\n");
+  Node first = Root().Child("max-lease-time");
+  Edit([&] { first.CommentOut(); });
+  EXPECT_EQ(Text(),
+            "# max-lease-time 600;\n"
+            "min-lease-time 60;  # times\n"
+            "option routers 10.0.0.1;\n");
+  Edit([&] { first.BringBack(); });
+  EXPECT_EQ(Text(), First());
+}
+
+TEST_P(CommentingOut, TwoOnASharedLineComeBackInEitherOrder) {
+  Given(
+      "group {\n"
+      "  max-lease-time 600; min-lease-time 60;\n"
+      "}\n");
+  for (const bool out_first : {true, false}) {
+    for (const bool back_first : {true, false}) {
+      Node one = Find("group").Child("max-lease-time");
+      Node two = Find("group").Child("min-lease-time");
+      (out_first ? one : two).CommentOut();
+      (out_first ? two : one).CommentOut();
+      EXPECT_EQ(Text(),
+                "group {\n"
+                "  # max-lease-time 600;\n"
+                "  # min-lease-time 60;\n"
+                "}\n");
+      (back_first ? one : two).BringBack();
+      EXPECT_TRUE((back_first ? one : two).Is(NodeKind::kStatement));
+      EXPECT_NE(Text(), First());
+      (back_first ? two : one).BringBack();
+      EXPECT_EQ(Text(), First()) << out_first << back_first;
+    }
+  }
+}
+
+TEST_P(CommentingOut, BlankLinesWithBlanksComeBack) {
+  Given(
+      "group {\n"
+      " \n"
+      "  filename \"a\";\n"
+      "\t\t\n"
+      "}\n"
+      "if known {\n"
+      " \n"
+      "  filename \"a\";\n"
+      "}\n"
+      "else {\n"
+      "   \n"
+      "}\n");
+  Node group = Find("group");
+  Edit([&] { group.CommentOut(); });
+  Edit([&] { group.BringBack(); });
+  EXPECT_EQ(Text(), First());
+  Node chain = Root().Child("if");
+  Edit([&] { chain.CommentOut(); });
+  Edit([&] { chain.BringBack(); });
+  EXPECT_EQ(Text(), First());
+}
+
+TEST_P(CommentingOut, DisabledStatementStaysOneWhenWhatOpenedItsBlockGoes) {
+  Given(
+      "group { authoritative; }\n"
+      "max-lease-time 600;\n");
+  Node group = Find("group");
+  Node added;
+  Edit([&] {
+    added = group.Add("filename \"a\";", Placement::First().WithComment("one"));
+    group.Child("authoritative").CommentOut();
+  });
+  Edit([&] { added.Remove(CommentsAbove::kTake); });
+  EXPECT_EQ(group.Disabled().size(), 1U);
+  Edit([&] { group.Disabled().at(0).BringBack(); });
+  EXPECT_EQ(Text(), First());
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -133,5 +133,15 @@ TEST_P(List, TakesNoHalfElements) {
   EXPECT_EQ(Refused([&] { Root().FirstChild().AppendToList(""); }), "bad text");
 }
 
+TEST_P(List, LosesItsLastElementBeforeAnotherStatement) {
+  Given(
+      "option routers\n"
+      "    10.0.0.1,   # ns1\n"
+      "    10.0.0.2; filename \"a\";\n");
+  Edit([&] { EXPECT_TRUE(Root().FirstChild().RemoveFromList("10.0.0.2")); });
+  EXPECT_EQ(Root().Child("option routers").Value().substr(0, 8), "10.0.0.1");
+  EXPECT_EQ(Root().Child("filename").Value(), "\"a\"");
+}
+
 }  // namespace
 }  // namespace klepur::test

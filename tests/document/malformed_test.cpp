@@ -221,5 +221,42 @@ TEST_P(Malformed, UnclosedBlockGoesWithAllBelow) {
   EXPECT_EQ(Text(), "authoritative;\n");
 }
 
+TEST_P(Malformed, LoneSemicolonDoesNotComeToStandBehindABrace) {
+  Given(
+      "group {\n"
+      "  filename \"a\";\n"
+      "}\n"
+      "authoritative;;\n"
+      "max-lease-time 600;\n");
+  const auto remove = [&] { Root().Child("authoritative").Remove(); };
+  try {
+    remove();
+    EXPECT_TRUE(Root().Child("max-lease-time").Previous().Is(NodeKind::kStray));
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Code(), ErrorCode::kMalformed);
+    EXPECT_EQ(Text(), First());
+  }
+  EXPECT_EQ(Doc().Findings().size(), 1U);
+  EXPECT_EQ(Doc().Findings()[0].code, FindingCode::kEmptyStatement);
+}
+
+TEST_P(Malformed, UnclosedBlockIsCommentedOutOrRefused) {
+  Given(
+      "authoritative;\n"
+      "group {\n"
+      "  filename \"a\";\n"
+      "  # prose\n");
+  try {
+    Find("group").CommentOut();
+    EXPECT_EQ(Text(),
+              "authoritative;\n"
+              "# group {\n"
+              "#   filename \"a\";\n"
+              "#   # prose\n");
+  } catch (const Error&) {
+    EXPECT_EQ(Text(), First());
+  }
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -295,5 +295,42 @@ TEST_P(Moving, IntoItselfOrAStatementIsRefused) {
   EXPECT_EQ(Refused([&] { Root().MoveTo(group); }), "bad place");
 }
 
+TEST_P(Moving, FromASharedLineAndBack) {
+  Given(
+      "host a {\n"
+      "  hardware ethernet 00:01; fixed-address 10.0.0.1; filename \"a\";\n"
+      "  next-server 10.0.0.5;\n"
+      "}\n");
+  Node host = Find("host a");
+  Node one = host.Child("hardware");
+  Node two = host.Child("fixed-address");
+  Node three = host.Child("filename");
+  Edit([&] { one.MoveTo(Root()); });
+  Edit([&] { one.MoveTo(host, Placement::Before(two)); });
+  EXPECT_EQ(Text(), First());
+  Edit([&] { two.MoveTo(Root()); });
+  Edit([&] { two.MoveTo(host, Placement::After(one)); });
+  EXPECT_EQ(Text(), First());
+  Edit([&] { three.MoveTo(Root()); });
+  Edit([&] { three.MoveTo(host, Placement::After(two)); });
+  EXPECT_EQ(Text(), First());
+}
+
+TEST_P(Moving, OutOfABlockOnOneLineAndBack) {
+  Given(
+      "group {\n"
+      "  host a { authoritative; group { } option routers 10.0.0.1; }\n"
+      "}\n");
+  Node host = Find("host a");
+  Node routers = host.Child("option routers");
+  Node group = host.Child("group");
+  Edit([&] { routers.MoveTo(Root()); });
+  Edit([&] { routers.MoveTo(host, Placement::After(group)); });
+  EXPECT_EQ(Text(), First());
+  Edit([&] { group.MoveTo(Root()); });
+  Edit([&] { group.MoveTo(host, Placement::Before(routers)); });
+  EXPECT_EQ(Text(), First());
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -324,6 +324,11 @@ class Round {
   /// Where something stands that an anchor can name; none when comments of nobody are in between.
   std::function<void()> WayBack(const Node& node) const {
     if (node.Keyword() == "if") return nullptr;
+    // Of several on a line, whose comment it is changes with who is there.
+    if (node.Next().Is(NodeKind::kComment) && node.Previous() &&
+        node.Previous().End().line == node.Begin().line) {
+      return nullptr;
+    }
     const Node parent = node.Parent();
     const std::vector<Node> own = node.Comments();
     const auto is_own = [&own](const Node& other) {

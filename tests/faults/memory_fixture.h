@@ -30,11 +30,12 @@ struct Searches {
 inline constexpr Searches kSearches[] = {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {3, 1}, {3, 2}, {3, 3}};
 
 template <class Family>
-class MemoryFixture : public EditFixture<Family> {
+class MemoryFixture : public EditFixture<Family, Kind::kPlain> {
  public:
-  using typename EditFixture<Family>::File;
-  using typename EditFixture<Family>::Section;
-  using typename EditFixture<Family>::TreeNode;
+  using typename EditFixture<Family, Kind::kPlain>::Base;
+  using typename EditFixture<Family, Kind::kPlain>::File;
+  using typename EditFixture<Family, Kind::kPlain>::Section;
+  using typename EditFixture<Family, Kind::kPlain>::TreeNode;
 
   MemoryFixture() { ClearSystemLog(); }
 
@@ -70,19 +71,21 @@ class MemoryFixture : public EditFixture<Family> {
     this->file_ = std::make_unique<File>(path.c_str());
     ASSERT_TRUE(this->Conf().Open());
     texts_ = {};
-    Collect(this->Conf().holder->topNode);
+    Collect(Reach<Base>::Holder(this->Conf()).topNode);
   }
 
   /// The tree is sound, every search finds what stands in it and nothing that is gone, and it can
-  /// be saved and read again.
+  /// be saved and read again. The last searches bring nodes, so that the object looks into the tree
+  /// alone from then on.
   void ExpectUsable() {
-    ExpectSound(this->Conf().holder->topNode);
+    ExpectSound(Reach<Base>::Holder(this->Conf()).topNode);
     ExpectSearchesRight();
+    ExpectNodesFound();
     const std::string copy = this->scratch_.Path("copy.conf");
     ASSERT_EQ(this->Conf().Save(copy), 1);
     File again(copy.c_str());
     ASSERT_TRUE(again.Open());
-    EXPECT_EQ(TreeText(*again.holder), this->Tree());
+    EXPECT_EQ(TreeText(Reach<Base>::Holder(again)), this->Tree());
     // Some file systems wait for the disk when a file is written over.
     std::filesystem::remove(copy);
   }
@@ -116,19 +119,32 @@ class MemoryFixture : public EditFixture<Family> {
 
   /// Looks for all that stands in the tree, and for what stood in it when it was opened.
   void ExpectSearchesRight() {
-    TreeNode& top = this->Conf().holder->topNode;
+    TreeNode& top = Reach<Base>::Holder(this->Conf()).topNode;
     if (top.children == nullptr || top.children->empty()) return;
     Collect(top);
+    TreeNode* const subnet = Reach<Base>::CurrentSubnet(this->Conf());
+    for (const std::string& name : texts_.names) {
+      if (!name.starts_with("host ")) continue;
+      EXPECT_EQ(this->Conf().GotoSection(name.substr(5).c_str(), SECTION_HOST),
+                name != "host " && FirstNamed(subnet == nullptr ? *top.children->front() : *subnet,
+                                              name) != nullptr)
+          << name;
+    }
+    if (subnet == nullptr) return;
+    for (const std::string& line : texts_.lines) {
+      ExpectLineFound(line, FirstWithLine(*subnet, line));
+    }
+  }
+
+  void ExpectNodesFound() {
+    TreeNode& top = Reach<Base>::Holder(this->Conf()).topNode;
+    if (top.children == nullptr || top.children->empty()) return;
     TreeNode& root = *top.children->front();
     for (const std::string& name : texts_.names) {
       EXPECT_EQ(this->Conf().GetTreeItemByNameAt(name.c_str(), nullptr), FirstNamed(root, name))
           << name;
     }
     ExpectFindsEach(root);
-    if (this->Conf().currentSubnet == nullptr) return;
-    for (const std::string& line : texts_.lines) {
-      ExpectLineFound(line, FirstWithLine(*this->Conf().currentSubnet, line));
-    }
   }
 
   /// Each node is the first of its name in itself.

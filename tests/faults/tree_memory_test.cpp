@@ -1,7 +1,7 @@
 // Memory runs out in the classes of the tree, and in what cuts values out of lines.
-#include <klepur/framework/tree_index.h>
 #include <klepur/framework/tree_links.h>
 #include <klepur/klepur.h>
+#include <klepur/lookup/tree_index.h>
 
 #include <cstddef>
 #include <functional>

@@ -96,6 +96,16 @@ TEST_F(FileReading, EndStaysTheEnd) {
   EXPECT_EQ(Rest(file, 16), "");
 }
 
+TEST_F(FileReading, SizeIsThatOfTheFileWhenItWasOpened) {
+  const std::string path = scratch_.Write("short", "abcdef");
+  FileIterator file(path.c_str());
+  EXPECT_EQ(file.Size(), 6U);
+  scratch_.Write("short", "abcdefghi");
+  EXPECT_EQ(Rest(file, 4), "abcdefghi");
+  EXPECT_EQ(file.Size(), 6U);
+  EXPECT_EQ(FileIterator("/dev/null").Size(), 0U);
+}
+
 TEST_F(FileReading, ReadsThroughALink) {
   fs::create_symlink(scratch_.Write("target", "x 1;\n"), scratch_.Path("link"));
   FileIterator file(scratch_.Path("link").c_str());

@@ -151,20 +151,52 @@ TEST_F(FamilyLinks, SecondUnlinkIsFalse) {
   EXPECT_FALSE(Unlink(*last));
 }
 
-// ---- IsWithin ----
+// ---- HoldsLine, FirstChildWithLine ----
 
-TEST_F(FamilyLinks, NodeIsWithinItselfAndWhatItIsNestedIn) {
-  EXPECT_TRUE(IsWithin(host_, *host_));
-  EXPECT_TRUE(IsWithin(host_, *inner_));
-  EXPECT_TRUE(IsWithin(host_, *network_));
-  EXPECT_TRUE(IsWithin(host_, top_));
+TEST(HoldsLineTest, LineCountsWholeAndWhetherItIsCommentedOutOrNot) {
+  CfSection section = Block("host a", {"fixed-address 10.0.0.5;", "#off;"});
+  section.entryList.insert(section.entryList.begin(), nullptr);
+  EXPECT_TRUE(HoldsLine(section, "fixed-address 10.0.0.5;"));
+  EXPECT_TRUE(HoldsLine(section, "off;"));
+  EXPECT_FALSE(HoldsLine(section, "fixed-address 10.0.0.5"));
+  EXPECT_FALSE(HoldsLine(section, ""));
 }
 
-TEST_F(FamilyLinks, NodeIsNotWithinOtherBlocks) {
-  EXPECT_FALSE(IsWithin(host_, *subnet_));
-  EXPECT_FALSE(IsWithin(network_, *inner_));
-  EXPECT_FALSE(IsWithin(&top_, *network_));
-  EXPECT_FALSE(IsWithin(nullptr, top_));
+TEST_F(TreeLinks, FirstChildWithLineIsTheFirstAndSaysHowManyLinesThereWereToCompare) {
+  std::size_t lines = 10;
+  EXPECT_EQ(FirstChildWithLine(top_, "b;", lines), nullptr);
+  EXPECT_EQ(lines, 10U);
+  AppendChild(top_, Block("host a", {"a;"}));
+  TreeNode* const b = AppendChild(top_, Block("host b", {"b;", "c;"}));
+  AppendChild(top_, Block("host c", {"b;"}));
+  top_.children->push_front(nullptr);
+  EXPECT_EQ(FirstChildWithLine(top_, "b;", lines), b);
+  EXPECT_EQ(lines, 13U);
+  EXPECT_EQ(FirstChildWithLine(top_, "d;", lines), nullptr);
+  EXPECT_EQ(lines, 17U);
+}
+
+// ---- Holds ----
+
+TEST_F(FamilyLinks, BlockHoldsItselfAndWhatIsNestedInIt) {
+  EXPECT_TRUE(Holds(*host_, host_));
+  EXPECT_TRUE(Holds(*inner_, host_));
+  EXPECT_TRUE(Holds(*network_, host_));
+  EXPECT_TRUE(Holds(top_, host_));
+}
+
+TEST_F(FamilyLinks, BlockDoesNotHoldOthers) {
+  EXPECT_FALSE(Holds(*subnet_, host_));
+  EXPECT_FALSE(Holds(*inner_, network_));
+  EXPECT_FALSE(Holds(*network_, &top_));
+  EXPECT_FALSE(Holds(top_, nullptr));
+}
+
+TEST_F(FamilyLinks, BlockHoldsWhatItsChildListsSayWhateverTheParentsAre) {
+  network_->children->push_front(nullptr);
+  host_->parent = subnet_;
+  EXPECT_TRUE(Holds(*network_, host_));
+  EXPECT_FALSE(Holds(*subnet_, host_));
 }
 
 // ---- AppendChild ----

@@ -54,6 +54,18 @@ class ConfigWriter : public ::testing::Test {
 
 // ---- the layout ----
 
+TEST_F(ConfigWriter, LineThatACallerBroughtEndsAtItsNulByte) {
+  CfSectionHolder tree;
+  DhcpParser parser;
+  ASSERT_TRUE(parser.ParseBuffer("", &tree));
+  for (const std::string::size_type length : {8U, 37U, 38U, 39U, 80U}) {
+    std::string line = "log \"a\";" + std::string(length, 'x');
+    line[8] = '\0';
+    EXPECT_EQ(parser.AddSectionParameter(line), 1);
+  }
+  EXPECT_EQ(Saved(&tree), "log \"a\";\nlog \"a\";\nlog \"a\";\nlog \"a\";\nlog \"a\";\n");
+}
+
 struct Layout {
   const char* what;
   const char* text;

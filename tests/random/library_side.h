@@ -11,12 +11,16 @@
 #include <string>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "tests/random/side.h"
 #include "tests/support/family.h"
+#include "tests/support/reach.h"
 
 namespace klepur::test {
 
+/// Until the first direct change, and what else needs a node, the file does not know that anybody
+/// looks into it. To change something by hand a node is taken first, as any caller has to.
 template <class Family>
 class LibrarySide final : public Side {
  public:
@@ -24,15 +28,7 @@ class LibrarySide final : public Side {
   using Section = typename Family::Section;
   using Type = typename Section::SectionType;
 
-  /// The class under test with its members in reach.
-  class File : public Family::File {
-   public:
-    using Base = typename Family::File;
-    using Base::Base;
-    using Base::currentNetwork;
-    using Base::currentSubnet;
-    using Base::holder;
-  };
+  using File = typename Family::File;
 
   explicit LibrarySide(const std::string& path) : file_(path.c_str()) {}
 
@@ -40,19 +36,17 @@ class LibrarySide final : public Side {
   int Save(const std::string& path) { return file_.Save(path); }
 
   /// A copy of all that hangs below the topmost node, and the topmost node itself.
-  std::unique_ptr<ModelNode> Snapshot() const { return SnapshotOf(file_.holder->topNode); }
+  std::unique_ptr<ModelNode> Snapshot() const { return SnapshotOf(Top()); }
 
   /// Where the tree differs from the model's; empty when it does not.
-  std::string DifferenceTo(const ModelNode& top) const {
-    return Difference(file_.holder->topNode, top);
-  }
+  std::string DifferenceTo(const ModelNode& top) const { return Difference(Top(), top); }
 
   /// Where a cursor that is to stand on `expected` stands otherwise; empty when it does.
-  std::string NetworkDifference(const ModelNode* expected) const {
-    return CursorDifference("currentNetwork", file_.currentNetwork, expected);
+  std::string NetworkDifference(const ModelNode* expected) {
+    return CursorDifference("currentNetwork", Inside::CurrentNetwork(file_), expected);
   }
-  std::string SubnetDifference(const ModelNode* expected) const {
-    return CursorDifference("currentSubnet", file_.currentSubnet, expected);
+  std::string SubnetDifference(const ModelNode* expected) {
+    return CursorDifference("currentSubnet", Inside::CurrentSubnet(file_), expected);
   }
 
   MaybePath GetTreeItemByNameAt(const MaybeText& name, const MaybePath& start) override {
@@ -178,7 +172,6 @@ class LibrarySide final : public Side {
     moving.parent->children->remove(&moving);
     moving.parent = &above;
     Hang(&moving, above, position);
-    moving.section.SetName(moving.section.GetName());  // says that the node was moved
   }
   void DeleteNode(const Path& node) override {
     TreeNode& doomed = At(node);
@@ -186,6 +179,54 @@ class LibrarySide final : public Side {
     delete &doomed;
   }
   void DeleteAllItems(const Path& node) override { At(node).DeleteAllItems(); }
+  void PutLine(const Path& node, std::size_t position, const ModelLine& line) override {
+    auto entry = std::make_unique<CfSectionEntry>();
+    entry->SetKeyName(line.text.c_str());
+    if (line.commented) entry->SetComment("#");
+    auto& lines = At(node).section.entryList;
+    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(position), entry.release());
+  }
+  void TakeLine(const Path& node, std::size_t line) override {
+    auto& lines = At(node).section.entryList;
+    const std::unique_ptr<CfSectionEntry> taken(lines.at(line));
+    lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(line));
+    taken->SetKeyName("taken;");
+  }
+  void ReverseLines(const Path& node) override {
+    auto& lines = At(node).section.entryList;
+    std::reverse(lines.begin(), lines.end());
+  }
+  void SwapNodes(const Path& one, const Path& other) override {
+    TreeNode& a = At(one);
+    TreeNode& b = At(other);
+    const auto placeOfA = PlaceOf(a);
+    std::swap(*placeOfA, *PlaceOf(b));
+    std::swap(a.parent, b.parent);
+  }
+  void ReverseChildren(const Path& node) override {
+    if (At(node).children != nullptr) At(node).children->reverse();
+  }
+  void SpliceChildren(const Path& from, const Path& to) override {
+    TreeNode& above = At(to);
+    std::list<TreeNode*>* const moving = At(from).children;
+    if (moving == nullptr) return;
+    for (TreeNode* child : *moving) child->parent = &above;
+    if (above.children == nullptr) above.children = new std::list<TreeNode*>;
+    above.children->splice(above.children->end(), *moving);
+  }
+  void KeepNode(const Path& node) override {
+    TreeNode& taken = At(node);
+    taken.parent->children->erase(PlaceOf(taken));
+    taken.parent = nullptr;
+    kept_.emplace_back(&taken);
+  }
+  void HangKept(const Path& parent, std::size_t position) override {
+    if (kept_.empty()) return;
+    TreeNode& above = At(parent);
+    kept_.back()->parent = &above;
+    Hang(kept_.back().release(), above, position);
+    kept_.pop_back();
+  }
   void ChangeCopies(const Path& node, const std::string& name) override {
     CfSection copy(At(node).section);
     copy.SetName(name.c_str());
@@ -197,8 +238,8 @@ class LibrarySide final : public Side {
     stray.section.SetName(name.c_str());
   }
   void PlaceCursors(const MaybePath& network, const MaybePath& subnet) override {
-    file_.currentNetwork = Node(network);
-    file_.currentSubnet = Node(subnet);
+    Inside::CurrentNetwork(file_) = Node(network);
+    Inside::CurrentSubnet(file_) = Node(subnet);
   }
 
  private:
@@ -248,15 +289,29 @@ class LibrarySide final : public Side {
         std::next(above.children->begin(), static_cast<std::ptrdiff_t>(position)), node);
   }
 
-  TreeNode& At(const Path& path) const {
-    TreeNode* node = &file_.holder->topNode;
+  static std::list<TreeNode*>::iterator PlaceOf(TreeNode& node) {
+    auto& siblings = *node.parent->children;
+    return std::find(siblings.begin(), siblings.end(), &node);
+  }
+
+  TreeNode& Top() const { return Inside::Holder(file_).topNode; }
+
+  /// A node to be changed, or handed to the file, by somebody who has nodes.
+  TreeNode& At(const Path& path) {
+    file_.GetTreeItemByNameAt(nullptr, nullptr);
+    return Look(path);
+  }
+
+  TreeNode* Node(const MaybePath& path) { return path ? &At(*path) : nullptr; }
+
+  /// A node to be looked at only.
+  TreeNode& Look(const Path& path) const {
+    TreeNode* node = &Top();
     for (const std::size_t index : path) {
       node = *std::next(node->children->begin(), static_cast<std::ptrdiff_t>(index));
     }
     return *node;
   }
-
-  TreeNode* Node(const MaybePath& path) const { return path ? &At(*path) : nullptr; }
 
   static MaybePath PathTo(const TreeNode* node) {
     if (node == nullptr) return std::nullopt;
@@ -316,14 +371,14 @@ class LibrarySide final : public Side {
   std::string CursorDifference(const char* name, const TreeNode* cursor,
                                const ModelNode* expected) const {
     const MaybePath path = expected == nullptr ? MaybePath() : MaybePath(PathOf(*expected));
-    if (cursor == Node(path)) return "";
+    if (cursor == (path ? &Look(*path) : nullptr)) return "";
     return std::string(name) + " stands on " + WhereIs(cursor) + " and not on " + ToText(path);
   }
 
   /// The path of a node that may be gone: only its address is looked at.
   std::string WhereIs(const TreeNode* node) const {
     if (node == nullptr) return "null";
-    const std::string found = Where(file_.holder->topNode, node);
+    const std::string found = Where(Top(), node);
     return found.empty() ? "a node that is not in the tree" : found;
   }
 
@@ -339,7 +394,10 @@ class LibrarySide final : public Side {
     return "";
   }
 
+  using Inside = Reach<File>;
+
   File file_;
+  std::vector<std::unique_ptr<TreeNode>> kept_;
 };
 
 }  // namespace klepur::test

@@ -1,4 +1,6 @@
 // What a caller changes by itself, by the model.
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "tests/random/model_file.h"
@@ -64,6 +66,52 @@ void ModelFile::DeleteNode(const Path& node) {
 
 void ModelFile::DeleteAllItems(const Path& node) {
   At(node).children.clear();
+}
+
+void ModelFile::PutLine(const Path& node, std::size_t position, const ModelLine& line) {
+  auto& lines = At(node).lines;
+  lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(position), line);
+}
+
+void ModelFile::TakeLine(const Path& node, std::size_t line) {
+  RemoveEntry(node, line);
+}
+
+void ModelFile::ReverseLines(const Path& node) {
+  auto& lines = At(node).lines;
+  std::reverse(lines.begin(), lines.end());
+}
+
+void ModelFile::SwapNodes(const Path& one, const Path& other) {
+  ModelNode& a = At(one);
+  ModelNode& b = At(other);
+  ModelNode* const parentOfA = a.parent;
+  std::swap(parentOfA->children[one.back()], b.parent->children[other.back()]);
+  a.parent = b.parent;
+  b.parent = parentOfA;
+}
+
+void ModelFile::ReverseChildren(const Path& node) {
+  auto& children = At(node).children;
+  std::reverse(children.begin(), children.end());
+}
+
+void ModelFile::SpliceChildren(const Path& from, const Path& to) {
+  auto& moving = At(from).children;
+  ModelNode& above = At(to);
+  for (auto& child : moving) child->parent = &above;
+  std::move(moving.begin(), moving.end(), std::back_inserter(above.children));
+  moving.clear();
+}
+
+void ModelFile::KeepNode(const Path& node) {
+  kept_.push_back(TakeOut(At(node)));
+}
+
+void ModelFile::HangKept(const Path& parent, std::size_t position) {
+  if (kept_.empty()) return;
+  AddNode(At(parent), position, std::move(kept_.back()));
+  kept_.pop_back();
 }
 
 void ModelFile::PlaceCursors(const MaybePath& network, const MaybePath& subnet) {

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tests/random/model_conversion.h"
 #include "tests/random/side.h"
@@ -79,6 +80,14 @@ class ModelFile final : public Side {
   void MoveNode(const Path& node, const Path& parent, std::size_t position) override;
   void DeleteNode(const Path& node) override;
   void DeleteAllItems(const Path& node) override;
+  void PutLine(const Path& node, std::size_t position, const ModelLine& line) override;
+  void TakeLine(const Path& node, std::size_t line) override;
+  void ReverseLines(const Path& node) override;
+  void SwapNodes(const Path& one, const Path& other) override;
+  void ReverseChildren(const Path& node) override;
+  void SpliceChildren(const Path& from, const Path& to) override;
+  void KeepNode(const Path& node) override;
+  void HangKept(const Path& parent, std::size_t position) override;
   void ChangeCopies(const Path& /*node*/, const std::string& /*name*/) override {}
   void PlaceCursors(const MaybePath& network, const MaybePath& subnet) override;
 
@@ -122,6 +131,7 @@ class ModelFile final : public Side {
   ModelNode* currentNetwork_ = nullptr;
   ModelNode* currentSubnet_ = nullptr;
   unsigned leftmostDepth_ = 0;
+  std::vector<std::unique_ptr<ModelNode>> kept_;
 };
 
 }  // namespace klepur::test

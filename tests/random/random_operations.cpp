@@ -5,10 +5,18 @@ namespace klepur::test {
 const std::vector<RandomOperations::Row>& RandomOperations::Lookups() {
   using R = RandomOperations;
   static const std::vector<Row> rows = {
-      {4, false, &R::TreeItem},    {2, true, &R::ReadBlock},     {2, false, &R::MakeLinesOfRecord},
-      {4, false, &R::First},       {8, false, &R::Following},    {9, false, &R::Goto},
-      {7, false, &R::ByName},      {4, false, &R::ByLine},       {12, false, &R::HostBy},
-      {1, false, &R::SubnetQuery}, {1, false, &R::NetmaskQuery}, {5, true, &R::PlaceCursors},
+      {4, Needs::kPermission, &R::TreeItem},
+      {2, Needs::kNodes, &R::ReadBlock},
+      {2, Needs::kNothing, &R::MakeLinesOfRecord},
+      {4, Needs::kNothing, &R::First},
+      {8, Needs::kNothing, &R::Following},
+      {9, Needs::kNothing, &R::Goto},
+      {7, Needs::kNothing, &R::ByName},
+      {4, Needs::kNothing, &R::ByLine},
+      {12, Needs::kNothing, &R::HostBy},
+      {1, Needs::kNothing, &R::SubnetQuery},
+      {1, Needs::kNothing, &R::NetmaskQuery},
+      {5, Needs::kNodes, &R::PlaceCursors},
   };
   return rows;
 }
@@ -16,24 +24,32 @@ const std::vector<RandomOperations::Row>& RandomOperations::Lookups() {
 const std::vector<RandomOperations::Row>& RandomOperations::Changes() {
   using R = RandomOperations;
   static const std::vector<Row> rows = {
-      {10, false, &R::Add},
-      {4, false, &R::AddDirectly},
-      {2, false, &R::AddTreeSection},
-      {5, false, &R::Remove},
-      {8, false, &R::RemoveDirectly},
-      {10, false, &R::Change},
-      {4, true, &R::ChangeTreeSection},
-      {3, false, &R::SetSectionParams},
-      {4, true, &R::SetName},
-      {4, true, &R::AddLine},
-      {5, true, &R::ChangeLine},
-      {2, true, &R::RemoveLine},
-      {1, true, &R::ReplaceSection},
-      {1, true, &R::SwapSections},
-      {4, true, &R::NewNode},
-      {2, true, &R::MoveNode},
-      {2, true, &R::DeleteNode},
-      {1, true, &R::ChangeCopies},
+      {10, Needs::kNothing, &R::Add},
+      {4, Needs::kNothing, &R::AddDirectly},
+      {2, Needs::kNothing, &R::AddTreeSection},
+      {5, Needs::kNothing, &R::Remove},
+      {8, Needs::kNothing, &R::RemoveDirectly},
+      {10, Needs::kNothing, &R::Change},
+      {4, Needs::kNodes, &R::ChangeTreeSection},
+      {3, Needs::kNothing, &R::SetSectionParams},
+      {4, Needs::kNodes, &R::SetName},
+      {4, Needs::kNodes, &R::AddLine},
+      {5, Needs::kNodes, &R::ChangeLine},
+      {2, Needs::kNodes, &R::RemoveLine},
+      {1, Needs::kNodes, &R::ReplaceSection},
+      {1, Needs::kNodes, &R::SwapSections},
+      {4, Needs::kNodes, &R::NewNode},
+      {2, Needs::kNodes, &R::MoveNode},
+      {2, Needs::kNodes, &R::DeleteNode},
+      {1, Needs::kNodes, &R::ChangeCopies},
+      {2, Needs::kNodes, &R::PutLine},
+      {1, Needs::kNodes, &R::TakeLine},
+      {1, Needs::kNodes, &R::ReverseLines},
+      {2, Needs::kNodes, &R::SwapNodes},
+      {2, Needs::kNodes, &R::ReverseChildren},
+      {1, Needs::kNodes, &R::SpliceChildren},
+      {1, Needs::kNodes, &R::KeepNode},
+      {1, Needs::kNodes, &R::HangKept},
   };
   return rows;
 }
@@ -47,8 +63,13 @@ Operation RandomOperations::Make(const std::vector<Row>& rows) {
     std::size_t at = chance_.Below(sum);
     const Row* row = rows.data();
     for (; at >= row->weight; ++row) at -= row->weight;
-    if (!row->needsNodes || !nodes_.empty()) return (this->*row->maker)();
+    if (IsPossible(*row)) return (this->*row->maker)();
   }
+}
+
+bool RandomOperations::IsPossible(const Row& row) const {
+  if (row.needs == Needs::kNodes && nodes_.empty()) return false;
+  return row.needs == Needs::kNothing || allowsNodes_;
 }
 
 Operation RandomOperations::Next() {

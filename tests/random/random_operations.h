@@ -16,6 +16,9 @@ class RandomOperations : RandomPicks {
  public:
   RandomOperations(Chance& chance, ModelFile& model) : RandomPicks(chance, model) {}
 
+  /// Whether operations may take nodes and return nodes; they may at first.
+  void AllowNodes(bool allow) { allowsNodes_ = allow; }
+
   Operation Next();
 
   /// One that looks something up, or one that changes the tree: often what was just looked up.
@@ -24,11 +27,13 @@ class RandomOperations : RandomPicks {
 
  private:
   using Maker = Operation (RandomOperations::*)();
+  enum class Needs { kNothing, kPermission, kNodes };
   struct Row {
     std::size_t weight;
-    bool needsNodes;
+    Needs needs;
     Maker maker;
   };
+  bool IsPossible(const Row& row) const;
   static const std::vector<Row>& Lookups();
   static const std::vector<Row>& Changes();
 
@@ -69,6 +74,16 @@ class RandomOperations : RandomPicks {
   Operation DeleteNode();
   Operation ChangeCopies();
   Operation PlaceCursors();
+
+  // Changes of the lists in nodes
+  Operation PutLine();
+  Operation TakeLine();
+  Operation ReverseLines();
+  Operation SwapNodes();
+  Operation ReverseChildren();
+  Operation SpliceChildren();
+  Operation KeepNode();
+  Operation HangKept();
 };
 
 }  // namespace klepur::test

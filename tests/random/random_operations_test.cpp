@@ -61,10 +61,15 @@ class Round {
     onDisk_ = RandomTree(chance_, model_.Family(), size_);
     Forget("dhcpd.conf");
     folder_.Write("dhcpd.conf", RandomLayout(chance_, *onDisk_));
+    operations_.AllowNodes(chance_.OneIn(3));
     if (chance_.OneIn(8) && !BeforeOpen()) return false;
     if (!Open()) return false;
     const std::size_t most = size_ == FileSize::kLarge ? 400 : 150;
-    for (std::size_t count = chance_.Between(20, most); count > 0; --count) {
+    const std::size_t count = chance_.Between(20, most);
+    // From then on nodes are in the caller's hands.
+    const std::size_t handingOut = chance_.Between(0, 2 * count);
+    for (std::size_t step = 0; step < count; ++step) {
+      if (step == handingOut) operations_.AllowNodes(true);
       if (!Step()) return false;
     }
     return true;

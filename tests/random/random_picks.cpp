@@ -149,7 +149,7 @@ std::string RandomPicks::AnyHeader() {
 }
 
 MaybePath RandomPicks::AnyPathOrNull() {
-  if (nodes_.empty() || chance_.OneIn(3)) return std::nullopt;
+  if (!allowsNodes_ || nodes_.empty() || chance_.OneIn(3)) return std::nullopt;
   if (chance_.OneIn(40)) return Path();
   return PathOf(AnyNode());
 }

@@ -43,6 +43,7 @@ class RandomPicks {
   /// In the first attempts one straight below `currentSubnet`, where hosts are looked for.
   ModelNode& AnyNodeToBeFound(int attempt);
 
+  /// Null where no nodes are allowed.
   MaybePath AnyPathOrNull();
   bool HasCursorIn(const ModelNode& node);
 
@@ -81,6 +82,7 @@ class RandomPicks {
   ModelFile& model_;
   RandomWords words_;
   std::vector<ModelNode*> nodes_;  ///< all of the tree, the topmost one left out
+  bool allowsNodes_ = true;
 
  private:
   std::vector<std::string> recentHeaders_;

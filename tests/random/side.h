@@ -77,6 +77,18 @@ class Side {
   virtual void DeleteNode(const Path& node) = 0;
   virtual void DeleteAllItems(const Path& node) = 0;
 
+  // The same with the lists themselves, which callers may change as they like
+  virtual void PutLine(const Path& node, std::size_t position, const ModelLine& line) = 0;
+  virtual void TakeLine(const Path& node, std::size_t line) = 0;
+  virtual void ReverseLines(const Path& node) = 0;
+  virtual void SwapNodes(const Path& one, const Path& other) = 0;
+  virtual void ReverseChildren(const Path& node) = 0;
+  virtual void SpliceChildren(const Path& from, const Path& to) = 0;
+
+  /// Takes a node out and keeps it; HangKept puts the last one kept somewhere, if there is one.
+  virtual void KeepNode(const Path& node) = 0;
+  virtual void HangKept(const Path& parent, std::size_t position) = 0;
+
   /// Changes copies of a node's section, and a node that hangs nowhere: the tree stays as it is.
   virtual void ChangeCopies(const Path& node, const std::string& name) = 0;
 

@@ -9,9 +9,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 #include "tests/support/family.h"
 #include "tests/support/files.h"
+#include "tests/support/reach.h"
 #include "tests/support/tree_text.h"
 
 namespace klepur::test {
@@ -29,8 +32,12 @@ std::string RecordText(const Section& record) {
   return text;
 }
 
+/// Whether a test has its file as a class derived from the library's, which brings the protected
+/// members into reach and has the file answer from its tree alone, or as callers have it.
+enum class Kind { kDerived, kPlain };
+
 /// A configuration file of one family that a test can look inside.
-template <class Family>
+template <class Family, Kind kKind = Kind::kDerived>
 class ConfigFixture : public ::testing::Test {
  public:
   using Base = typename Family::File;
@@ -38,7 +45,7 @@ class ConfigFixture : public ::testing::Test {
   using TreeNode = Tree<CfSection>::TreeNode;
 
   /// The class under test with its members in reach.
-  class File : public Base {
+  class Derived : public Base {
    public:
     using Base::Base;
     using Base::confFileName;
@@ -48,6 +55,7 @@ class ConfigFixture : public ::testing::Test {
     using Base::isRead;
     using Base::parser;
   };
+  using File = std::conditional_t<kKind == Kind::kDerived, Derived, Base>;
 
   /// Opens a file of this text; the placeholders of Family::Text stand for the family's words.
   void Given(std::string_view text) {
@@ -60,7 +68,7 @@ class ConfigFixture : public ::testing::Test {
   File& Conf() { return *file_; }
 
   /// The whole tree, see tree_text.h.
-  std::string Tree() const { return TreeText(*file_->holder); }
+  std::string Tree() const { return TreeText(Reach<Base>::Holder(*file_)); }
 
   /// What Save writes to the file that Given opened.
   std::string Saved() {
@@ -70,7 +78,8 @@ class ConfigFixture : public ::testing::Test {
 
   /// Both cursors: "office / subnet 10.0.0.0 netmask 255.0.0.0", "null / null".
   std::string Cursors() const {
-    return HeaderOf(file_->currentNetwork) + " / " + HeaderOf(file_->currentSubnet);
+    return HeaderOf(Reach<Base>::CurrentNetwork(*file_)) + " / " +
+           HeaderOf(Reach<Base>::CurrentSubnet(*file_));
   }
 
   /// A record without comment marks; values may hold the placeholders of Family::Text.

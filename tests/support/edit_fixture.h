@@ -39,17 +39,17 @@ struct FamilyAndKindNames {
   }
 };
 
-template <class Family>
-class EditFixture : public NavigationFixture<Family> {
+template <class Family, Kind kKind = Kind::kDerived>
+class EditFixture : public NavigationFixture<Family, kKind> {
  public:
-  using typename NavigationFixture<Family>::Section;
-  using typename NavigationFixture<Family>::TreeNode;
-  using typename NavigationFixture<Family>::Type;
+  using typename NavigationFixture<Family, kKind>::Section;
+  using typename NavigationFixture<Family, kKind>::TreeNode;
+  using typename NavigationFixture<Family, kKind>::Type;
   using Params = std::initializer_list<std::pair<int, std::string_view>>;
 
   /// As Record, with "#" before the value of a parameter that is commented out.
   static Section Marked(Type type, Params params) {
-    Section record = NavigationFixture<Family>::Record(type, params);
+    Section record = NavigationFixture<Family, kKind>::Record(type, params);
     for (auto& param : record.params) {
       param.commented = param.value.starts_with('#');
       if (param.commented) param.value.erase(0, 1);
@@ -59,13 +59,13 @@ class EditFixture : public NavigationFixture<Family> {
 
   /// A record with this name and the statement "max-lease-time 1;".
   static Section Timed(Type type, std::string_view name) {
-    return NavigationFixture<Family>::Record(type,
-                                             {{Family::kName, name}, {Family::kMaxLeaseTime, "1"}});
+    return NavigationFixture<Family, kKind>::Record(
+        type, {{Family::kName, name}, {Family::kMaxLeaseTime, "1"}});
   }
 
   /// A record with nothing but its name.
   static Section Bare(Type type, std::string_view name) {
-    return NavigationFixture<Family>::Record(type, {{Family::kName, name}});
+    return NavigationFixture<Family, kKind>::Record(type, {{Family::kName, name}});
   }
 
   /// Both cursors on one line, then the whole tree.

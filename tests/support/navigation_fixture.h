@@ -60,12 +60,13 @@ host e {
 /// when it fills none, "miss" when it failed. A failure that changed the record or moved a cursor
 /// says so and is thus no plain "miss". Names and headers may hold the placeholders of
 /// Family::Text; a null is handed on.
-template <class Family>
-class NavigationFixture : public ConfigFixture<Family> {
+template <class Family, Kind kKind = Kind::kDerived>
+class NavigationFixture : public ConfigFixture<Family, kKind> {
  public:
-  using typename ConfigFixture<Family>::Section;
-  using typename ConfigFixture<Family>::TreeNode;
-  using typename ConfigFixture<Family>::File;
+  using typename ConfigFixture<Family, kKind>::Base;
+  using typename ConfigFixture<Family, kKind>::Section;
+  using typename ConfigFixture<Family, kKind>::TreeNode;
+  using typename ConfigFixture<Family, kKind>::File;
   using Type = typename Section::SectionType;
 
   static std::string Text(std::string_view text) { return Family::Text(text); }
@@ -78,8 +79,8 @@ class NavigationFixture : public ConfigFixture<Family> {
 
   /// Puts the cursors on the blocks with these headers; null for none.
   void Place(const char* network, const char* subnet) {
-    this->Conf().currentNetwork = network == nullptr ? nullptr : this->Node(network);
-    this->Conf().currentSubnet = subnet == nullptr ? nullptr : this->Node(subnet);
+    Reach<Base>::CurrentNetwork(this->Conf()) = network == nullptr ? nullptr : this->Node(network);
+    Reach<Base>::CurrentSubnet(this->Conf()) = subnet == nullptr ? nullptr : this->Node(subnet);
   }
 
   std::string First(Type type, bool rawEntries = false) {
@@ -194,11 +195,11 @@ class NavigationFixture : public ConfigFixture<Family> {
 
   template <class Operation>
   std::string Outcome(Operation operation, const std::string& success) {
-    const TreeNode* const network = this->Conf().currentNetwork;
-    const TreeNode* const subnet = this->Conf().currentSubnet;
+    const TreeNode* const network = Reach<Base>::CurrentNetwork(this->Conf());
+    const TreeNode* const subnet = Reach<Base>::CurrentSubnet(this->Conf());
     if (operation()) return success;
-    const bool moved =
-        network != this->Conf().currentNetwork || subnet != this->Conf().currentSubnet;
+    const bool moved = network != Reach<Base>::CurrentNetwork(this->Conf()) ||
+                       subnet != Reach<Base>::CurrentSubnet(this->Conf());
     return moved ? "miss, but the cursors became " + this->Cursors() : "miss";
   }
 };

@@ -1,4 +1,4 @@
-#include <klepur/framework/c_string.h>
+#include <klepur/memory/c_string.h>
 
 #include <gtest/gtest.h>
 
@@ -25,26 +25,6 @@ TEST(CStringTest, IsEmptyAtFirst) {
   EXPECT_STREQ(Text().Get(), "");
 }
 
-TEST(CStringTest, MarkStaysWithItsObject) {
-  for (const std::string& text : TextsOfAllLengths()) {
-    Text marked(text);
-    EXPECT_FALSE(marked.IsMarked());
-    marked.SetMark(true);
-    EXPECT_EQ(marked.Get(), text);
-    const Text copy(marked);
-    EXPECT_FALSE(copy.IsMarked());
-    Text moved(std::move(marked));
-    EXPECT_FALSE(moved.IsMarked());
-    EXPECT_TRUE(marked.IsMarked());  // NOLINT(bugprone-use-after-move)
-    marked = std::move(moved);
-    EXPECT_TRUE(marked.IsMarked());
-    EXPECT_EQ(marked.Get(), text);
-    marked.SetMark(false);
-    EXPECT_FALSE(marked.IsMarked());
-    EXPECT_EQ(marked.Get(), text);
-  }
-}
-
 TEST(CStringTest, KeepsItsOwnCopyOfAText) {
   for (const std::string& text : TextsOfAllLengths()) {
     std::string given = text;
@@ -61,6 +41,17 @@ TEST(CStringTest, CopyIsIndependent) {
     original = Text("other");
     EXPECT_EQ(copy.Get(), text);
     EXPECT_STREQ(original.Get(), "other");
+  }
+}
+
+TEST(CStringTest, TextIsCopiedToAPlaceWithRoomForIt) {
+  for (const std::string& text : TextsOfAllLengths()) {
+    const Text original(text);
+    EXPECT_GE(original.RoomToCopy(), text.size());
+    std::vector<char> place(original.RoomToCopy() + 1, '.');
+    char* const end = original.Copy(place.data());
+    EXPECT_EQ(std::string(place.data(), end), text);
+    EXPECT_EQ(place.back(), '.');
   }
 }
 

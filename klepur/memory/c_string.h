@@ -11,8 +11,7 @@ namespace klepur::internal {
 /// An owned C string, empty at first, in an object of `Size` bytes.
 ///
 /// A text of up to `Size` - 2 characters stands in the object itself, so that most lines of a file
-/// need no memory of their own. Its owner may keep one bit in it: a mark, which neither copying nor
-/// moving takes along, and which assignment leaves alone.
+/// need no memory of their own.
 template <std::size_t Size>
 class CString {
  public:
@@ -33,15 +32,24 @@ class CString {
   /// The text; never null.
   const char* Get() const noexcept { return IsInline() ? bytes_ : Pointer(); }
 
-  bool IsMarked() const noexcept { return (state_ & kMarked) != 0; }
-  void SetMark(bool marked) noexcept { SetState(kMarked, marked); }
+  /// How many characters Copy may touch: no fewer than the text has.
+  std::size_t RoomToCopy() const noexcept { return IsInline() ? kRoom : std::strlen(Pointer()); }
+
+  /// Copies the text to a place with room for RoomToCopy() characters. What is behind its end may be
+  /// overwritten. Short texts, which most are, are copied whatever their length in a few moves.
+  /// \return where the copy ends.
+  char* Copy(char* place) const noexcept {
+    if (!IsInline()) return place + std::string_view(Pointer()).copy(place, std::string_view::npos);
+    std::memcpy(place, bytes_, kRoom);
+    return place + length_;
+  }
 
  private:
   static constexpr std::size_t kRoom = Size - 1;
+  static constexpr unsigned char kElsewhere = 255;
+  static_assert(kRoom <= kElsewhere);
 
-  enum State : unsigned char { kElsewhere = 1, kMarked = 2 };
-
-  bool IsInline() const noexcept { return (state_ & kElsewhere) == 0; }
+  bool IsInline() const noexcept { return length_ != kElsewhere; }
 
   char* Pointer() const noexcept {
     char* pointer = nullptr;
@@ -49,28 +57,26 @@ class CString {
     return pointer;
   }
 
-  void SetState(State state, bool on) noexcept {
-    state_ = static_cast<unsigned char>(on ? state_ | state : state_ & ~state);
-  }
-
   void SetEmpty() noexcept {
     bytes_[0] = 0;
-    SetState(kElsewhere, false);
+    length_ = 0;
   }
 
   void Assign(std::string_view text) {
     char* place = bytes_;
-    if (text.size() >= kRoom) {
+    if (text.size() < kRoom) {
+      length_ = static_cast<unsigned char>(text.size());
+    } else {
       place = new char[text.size() + 1];
       std::memcpy(bytes_, &place, sizeof place);
-      SetState(kElsewhere, true);
+      length_ = kElsewhere;
     }
     place[text.copy(place, text.size())] = 0;
   }
 
   void TakeOver(CString& other) noexcept {
     std::memcpy(bytes_, other.bytes_, kRoom);
-    SetState(kElsewhere, !other.IsInline());
+    length_ = other.length_;
     other.SetEmpty();
   }
 
@@ -78,8 +84,8 @@ class CString {
     if (!IsInline()) delete[] Pointer();
   }
 
-  char bytes_[kRoom];  // the text, or a pointer to it
-  unsigned char state_ = 0;
+  char bytes_[kRoom];         // the text, or a pointer to it
+  unsigned char length_ = 0;  // of the text in the object; kElsewhere when it is not there
 };
 
 }  // namespace klepur::internal

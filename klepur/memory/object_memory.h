@@ -12,7 +12,8 @@ namespace klepur::internal {
 struct Chunk;
 
 /// Makes objects one behind the other in chunks of memory, which takes a third of the time of
-/// making each in a block of its own.
+/// making each in a block of its own. Where many are expected a chunk is a huge page, if the system
+/// has any: to get one takes a fifth of the time that its bytes take in usual pages.
 ///
 /// The memory of an object may be freed at any time and on any thread, with Free. A chunk is freed
 /// with the last object in it; the one in which objects are made lives as long as this.
@@ -24,6 +25,9 @@ class ObjectMemory {
 
   /// The objects live on.
   ~ObjectMemory();
+
+  /// Objects of about so many bytes more will be made. Nothing but time and memory depends on it.
+  void Expect(std::size_t bytes) noexcept { expected_ = bytes; }
 
   /// Makes an object of a class derived from MadeAnywhere.
   template <class Object, class... Arguments>
@@ -49,6 +53,7 @@ class ObjectMemory {
   void BeginChunk();
   void LeaveChunk() noexcept;
 
+  std::size_t expected_ = 0;    // how many bytes more, the chunk's left out
   Chunk* chunk_ = nullptr;      // the one in which objects are made
   std::size_t made_ = 0;        // how many in it
   char* next_ = nullptr;        // where the next one stands

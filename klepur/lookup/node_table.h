@@ -18,6 +18,9 @@ struct KnownNode;
 /// memory once, where one in std::unordered_map waits two or three times.
 class NodeTable {
  public:
+  /// Makes room for so many nodes at once.
+  void Reserve(std::size_t count);
+
   /// Enters a node; does nothing when it is there with this hash. When memory runs out the table
   /// stays usable.
   void Insert(std::size_t hash, KnownNode* node);
@@ -25,8 +28,10 @@ class NodeTable {
   /// Takes a node out; does nothing when it is not there.
   void Erase(std::size_t hash, KnownNode* node);
 
-  /// Takes out all nodes.
-  void Clear() noexcept;
+  /// The node with a hash that no two nodes share; null when there is none.
+  KnownNode* Only(std::size_t hash) const {
+    return slots_.empty() ? nullptr : slots_[Find(hash)].node;
+  }
 
   /// The first node with this hash, from `start` on in the order of the file, that `accept` takes;
   /// null when there is none. A node that is the only one with its hash is found wherever it
@@ -51,7 +56,7 @@ class NodeTable {
   std::size_t Find(std::size_t hash) const;
   std::size_t Behind(std::size_t slot) const { return (slot + 1) & (slots_.size() - 1); }
   std::size_t HomeOf(std::size_t hash) const { return hash & (slots_.size() - 1); }
-  void Grow();
+  void Resize(std::size_t size);
   void Empty(std::size_t slot);
 
   std::vector<Slot> slots_;  // as many as a power of two, at most two thirds of them taken

@@ -1,28 +1,34 @@
-#include <klepur/framework/made_anywhere.h>
-#include <klepur/framework/object_memory.h>
+#include <klepur/memory/made_anywhere.h>
+#include <klepur/memory/object_memory.h>
 
+#include <sys/mman.h>
+
+#include <algorithm>
 #include <atomic>
 #include <cstdint>
 
 // Objects stand in segments, which begin at multiples of their size, so that the address of an
 // object leads to the chunk. Chunks are large, since blocks of that size are cheap to get and go
-// back to the system; they are not aligned, since malloc makes little of aligned blocks that were
-// freed.
+// back to the system. Those from operator new are not aligned, since malloc makes little of aligned
+// blocks that were freed.
 
 namespace klepur::internal {
 
-/// The beginning of a chunk.
+/// What stands in front of the objects of a chunk.
 struct Chunk {
   std::atomic<std::size_t> holds;  // objects alive in it; kMaker more while objects are made in it
+  void* memory;                    // where it begins
+  bool isPage;                     // a huge one, not from operator new
 };
 
 namespace {
 
 constexpr std::size_t kChunkSize = std::size_t{1} << 20;
+constexpr std::size_t kPageSize = std::size_t{1} << 21;  // of a huge page, on most machines
 constexpr std::size_t kSegmentSize = std::size_t{1} << 15;
 
 /// More objects than a chunk has room for.
-constexpr std::size_t kMaker = kChunkSize;
+constexpr std::size_t kMaker = kPageSize;
 
 /// The beginning of a segment.
 struct Segment {
@@ -33,7 +39,8 @@ struct Segment {
 /// so the address tells where an object was made.
 constexpr std::size_t kStep = MadeAnywhere::kStep;
 constexpr std::size_t kOffset = sizeof(Segment);
-static_assert(alignof(void*) <= kOffset);
+constexpr std::size_t kFirstOffset = kOffset + (sizeof(Chunk) + kStep - 1) / kStep * kStep;
+static_assert(alignof(Chunk) <= kOffset);
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
@@ -57,15 +64,31 @@ Chunk* ChunkOf(void* place) {
   return reinterpret_cast<Segment*>(static_cast<char*>(place) - address % kSegmentSize)->chunk;
 }
 
-/// The first place for a segment in a piece of memory.
-char* SegmentPlace(char* begin) {
-  return begin + (kSegmentSize - AddressOf(begin) % kSegmentSize) % kSegmentSize;
+/// The first multiple of `step` in a piece of memory.
+char* FirstMultiple(std::size_t step, char* begin) {
+  return begin + (step - AddressOf(begin) % step) % step;
+}
+
+/// New memory that is a huge page if the system has one to give; null when there is no memory.
+void* TakePage() noexcept {
+  void* const room =
+      ::mmap(nullptr, 2 * kPageSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (room == MAP_FAILED) return nullptr;
+  auto* const begin = static_cast<char*>(room);
+  char* const page = FirstMultiple(kPageSize, begin);
+  if (page != begin) ::munmap(begin, static_cast<std::size_t>(page - begin));
+  ::munmap(page + kPageSize, static_cast<std::size_t>(begin + kPageSize - page));
+  ::madvise(page, kPageSize, MADV_HUGEPAGE);
+  return page;
 }
 
 void Release(Chunk& chunk, std::size_t holds) noexcept {
   if (chunk.holds.fetch_sub(holds, std::memory_order_acq_rel) != holds) return;
-  chunk.~Chunk();
-  ::operator delete(&chunk);
+  if (chunk.isPage) {
+    ::munmap(chunk.memory, kPageSize);
+  } else {
+    ::operator delete(chunk.memory);
+  }
 }
 
 }  // namespace
@@ -85,7 +108,7 @@ void ObjectMemory::Free(void* place) noexcept {
 void* ObjectMemory::Take(std::size_t size) {
   if (!kUsesChunks) return MadeAnywhere::operator new(size);
   const std::size_t room = (size + kStep - 1) / kStep * kStep;
-  if (room > kSegmentSize - kStep) return MadeAnywhere::operator new(size);
+  if (room > kSegmentSize - kFirstOffset) return MadeAnywhere::operator new(size);
   if (static_cast<std::size_t>(segmentEnd_ - next_) < room) BeginSegment();
   void* const place = next_;
   next_ += room;
@@ -95,19 +118,28 @@ void* ObjectMemory::Take(std::size_t size) {
 
 /// Goes on to the next segment, in a new chunk when this one has no room for it.
 void ObjectMemory::BeginSegment() {
-  if (chunkEnd_ - segmentEnd_ < static_cast<std::ptrdiff_t>(kSegmentSize)) BeginChunk();
+  if (chunkEnd_ - segmentEnd_ < static_cast<std::ptrdiff_t>(kSegmentSize)) return BeginChunk();
   ::new (segmentEnd_) Segment{chunk_};
   next_ = segmentEnd_ + kOffset;
   segmentEnd_ += kSegmentSize;
 }
 
+/// Begins a chunk with its first segment. Pages that objects have not reached cost nothing, but of a
+/// huge one all is there at once: the last chunks are no such pages.
 void ObjectMemory::BeginChunk() {
-  auto* const memory = static_cast<char*>(::operator new(kChunkSize));
+  void* memory = expected_ >= kPageSize ? TakePage() : nullptr;
+  const bool isPage = memory != nullptr;
+  const std::size_t size = isPage ? kPageSize : kChunkSize;
+  if (!isPage) memory = ::operator new(size);
   LeaveChunk();
-  chunk_ = ::new (memory) Chunk{kMaker};
+  char* const segment = FirstMultiple(kSegmentSize, static_cast<char*>(memory));
+  chunk_ = ::new (segment + kOffset) Chunk{kMaker, memory, isPage};
+  ::new (segment) Segment{chunk_};
   made_ = 0;
-  segmentEnd_ = SegmentPlace(memory + sizeof(Chunk));
-  chunkEnd_ = memory + kChunkSize;
+  next_ = segment + kFirstOffset;
+  segmentEnd_ = segment + kSegmentSize;
+  chunkEnd_ = static_cast<char*>(memory) + size;
+  expected_ -= std::min(expected_, size);
 }
 
 /// From now on the chunk is held by its objects alone.

@@ -1,4 +1,4 @@
-#include <klepur/framework/made_anywhere.h>
+#include <klepur/memory/made_anywhere.h>
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-// Internal: what the index of a tree knows of one node.
-#ifndef KLEPUR_FRAMEWORK_KNOWN_NODE_H
-#define KLEPUR_FRAMEWORK_KNOWN_NODE_H
+// Internal: what the tables of a tree know of one node.
+#ifndef KLEPUR_LOOKUP_KNOWN_NODE_H
+#define KLEPUR_LOOKUP_KNOWN_NODE_H
 
-#include <klepur/framework/node_table.h>
-#include <klepur/framework/tree.h>
+#include <klepur/framework/tree_links.h>
+#include <klepur/lookup/node_table.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +17,6 @@ namespace klepur::internal {
 
 /// What is known of the children of a node.
 struct KnownChildren {
-  std::size_t count = 0;          // how long the child list is
   std::uint64_t nextOrdinal = 0;  // of the next child
   std::size_t walked = 0;         // how many of their lines walks have compared
   std::map<std::string, NodeTable, std::less<>> lines;  // by keyword: those that begin with it
@@ -25,8 +24,6 @@ struct KnownChildren {
 
 /// A node and its place among its siblings.
 struct KnownNode {
-  using TreeNode = Tree<CfSection>::TreeNode;
-
   TreeNode* node = nullptr;
   KnownNode* parent = nullptr;
   std::list<TreeNode*>::iterator place;     // in the parent's child list

@@ -1,6 +1,7 @@
-#include <klepur/framework/known_node.h>
-#include <klepur/framework/node_table.h>
+#include <klepur/lookup/known_node.h>
+#include <klepur/lookup/node_table.h>
 
+#include <cstddef>
 #include <utility>
 
 namespace klepur::internal {
@@ -8,11 +9,13 @@ namespace {
 
 constexpr std::size_t kFewestSlots = 16;
 
-KnownNode several;
+// Only its address counts.
+alignas(KnownNode) constexpr std::byte kNoNode = {};
 
 }  // namespace
 
-KnownNode* const NodeTable::kSeveral = &several;
+KnownNode* const NodeTable::kSeveral =
+    reinterpret_cast<KnownNode*>(const_cast<std::byte*>(&kNoNode));
 
 bool NodeTable::FileOrder::operator()(const KnownNode* a, const KnownNode* b) const {
   const KnownNode* x = a;
@@ -27,8 +30,14 @@ bool NodeTable::FileOrder::operator()(const KnownNode* a, const KnownNode* b) co
   return x->ordinal < y->ordinal;
 }
 
+void NodeTable::Reserve(std::size_t count) {
+  std::size_t size = std::max(kFewestSlots, slots_.size());
+  while (3 * count > 2 * size) size *= 2;
+  if (size != slots_.size()) Resize(size);
+}
+
 void NodeTable::Insert(std::size_t hash, KnownNode* node) {
-  if (3 * (taken_ + 1) > 2 * slots_.size()) Grow();
+  Reserve(taken_ + 1);
   Slot& slot = slots_[Find(hash)];
   if (slot.node == nullptr) {
     slot = {hash, node};
@@ -56,12 +65,6 @@ void NodeTable::Erase(std::size_t hash, KnownNode* node) {
   }
 }
 
-void NodeTable::Clear() noexcept {
-  slots_.clear();
-  same_.clear();
-  taken_ = 0;
-}
-
 /// The slot of a hash, or the empty one where it would stand.
 std::size_t NodeTable::Find(std::size_t hash) const {
   std::size_t slot = HomeOf(hash);
@@ -69,8 +72,8 @@ std::size_t NodeTable::Find(std::size_t hash) const {
   return slot;
 }
 
-void NodeTable::Grow() {
-  std::vector<Slot> slots(std::max(kFewestSlots, 2 * slots_.size()));
+void NodeTable::Resize(std::size_t size) {
+  std::vector<Slot> slots(size);
   slots_.swap(slots);
   for (const Slot& slot : slots) {
     if (slot.node != nullptr) slots_[Find(slot.hash)] = slot;

@@ -1,5 +1,5 @@
-#include <klepur/framework/made_anywhere.h>
-#include <klepur/framework/object_memory.h>
+#include <klepur/memory/made_anywhere.h>
+#include <klepur/memory/object_memory.h>
 
 namespace klepur::internal {
 namespace {

@@ -1,6 +1,6 @@
-#include <klepur/framework/object_memory.h>
+#include <klepur/memory/object_memory.h>
 
-#include <klepur/framework/made_anywhere.h>
+#include <klepur/memory/made_anywhere.h>
 
 #include <gtest/gtest.h>
 
@@ -84,6 +84,23 @@ TEST(ObjectMemoryTest, ObjectsOutliveTheMemoryThatMadeThem) {
   const auto objects = MakeMany<Middle>(*memory);
   memory.reset();
   EXPECT_EQ(CountWhole(objects), kMany);
+}
+
+TEST(ObjectMemoryTest, ObjectsKeepWhatTheyHoldHoweverManyAreExpected) {
+  for (const std::size_t expected :
+       {std::size_t{1}, std::size_t{1} << 21, std::size_t{5} << 20, std::size_t{1} << 30}) {
+    ObjectMemory memory;
+    memory.Expect(expected);
+    auto objects = MakeMany<Middle>(memory);
+    EXPECT_EQ(CountWhole(objects), kMany) << expected;
+    for (std::size_t i = 0; i < kMany; i += 2) objects[i].reset();
+    memory.Expect(0);
+    const auto others = MakeMany<Large>(memory);
+    EXPECT_EQ(CountWhole(others), kMany) << expected;
+    EXPECT_EQ(CountWhole(MakeMany<Small>(memory)), kMany) << expected;
+    for (std::size_t i = 1; i < kMany; i += 2) ASSERT_TRUE(objects[i]->Holds(i)) << expected;
+  }
+  EXPECT_EQ(Middle::alive, 0);
 }
 
 TEST(ObjectMemoryTest, ObjectsStayWhenTheirNeighboursAreFreed) {

@@ -1,11 +1,12 @@
-#include <klepur/framework/node_table.h>
+#include <klepur/lookup/node_table.h>
 
 #include <gtest/gtest.h>
-#include <klepur/framework/known_node.h>
+#include <klepur/lookup/known_node.h>
 
 #include <cstddef>
 #include <map>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace klepur::internal {
@@ -96,15 +97,29 @@ TEST_F(NodeTableTest, NodesThatAreNotAcceptedArePassedOver) {
   EXPECT_EQ(table_.FirstFrom(18, &top_, none), nullptr);
 }
 
-TEST_F(NodeTableTest, ClearTakesOutEverything) {
-  table_.Insert(17, &children_[1]);
-  table_.Insert(18, &children_[2]);
-  table_.Insert(18, &children_[3]);
-  table_.Clear();
-  EXPECT_EQ(First(17), -1);
-  EXPECT_EQ(First(18), -1);
-  table_.Insert(18, &children_[4]);
-  EXPECT_EQ(First(18), 4);
+TEST_F(NodeTableTest, OnlyNodeWithAHashIsFoundWithoutAPlaceInTheFile) {
+  EXPECT_EQ(table_.Only(17), nullptr);
+  table_.Insert(17, &children_[3]);
+  EXPECT_EQ(table_.Only(17), &children_[3]);
+  EXPECT_EQ(table_.Only(18), nullptr);
+}
+
+TEST_F(NodeTableTest, RoomThatIsMadeKeepsWhatIsThere) {
+  for (const std::size_t count : {0U, 1U, 1000U, 10U}) {
+    table_.Reserve(count);
+    for (std::size_t number = 0; number < children_.size(); ++number) {
+      table_.Insert(number * count, &children_[number]);
+      table_.Insert(number * count, &children_[number]);
+    }
+    EXPECT_EQ(First(3 * count), count == 0 ? 0 : 3);
+  }
+}
+
+TEST_F(NodeTableTest, SeveralNodesWithAHashStayTogetherWhenTheTableMoves) {
+  for (const std::size_t number : {5U, 2U}) table_.Insert(17U, &children_[number]);
+  NodeTable other = std::move(table_);
+  table_ = std::move(other);
+  EXPECT_EQ(First(17), 2);
 }
 
 TEST_F(NodeTableTest, HashesThatFallOnTheSameSlotsStayApartWhileNodesComeAndGo) {

@@ -1,0 +1,125 @@
+// Compares reading a DHCPv4 configuration file into a document, and edits of it, with what stands
+// beside them.
+//
+//     compare_document FILE ROUNDS
+//
+// The file is one of generate_config. JSON is parsed from memory; the document reads its file. Freeing
+// what was made is not timed.
+#include <klepur/document/document.h>
+#include <rapidjson/document.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "benchmarks/check.h"
+#include "benchmarks/command_line.h"
+#include "benchmarks/compare.h"
+#include "benchmarks/file_text.h"
+#include "benchmarks/json_of_tree.h"
+#include "benchmarks/measure.h"
+
+namespace {
+
+using klepur::Document;
+using klepur::Node;
+
+constexpr std::size_t kEdits = 10000;
+
+double Read(const std::string& path) {
+  std::optional<Document> document;
+  const double seconds = SecondsFor([&] { document.emplace(Document::Read(path)); });
+  Check(document->At(1).Text() == "authoritative;", "the document is read");
+  return seconds;
+}
+
+double ParseWithRapidJson(const std::string& json) {
+  rapidjson::Document document;
+  const double seconds = SecondsFor([&] { document.Parse(json.data(), json.size()); });
+  Check(!document.HasParseError() && document["blocks"].Size() != 0, "RapidJSON");
+  return seconds;
+}
+
+/// The hosts that are edited: as many as are wanted or there are, evenly spread over the file.
+std::vector<Node> SpreadHosts(const Document& document, std::size_t count) {
+  const std::vector<Node> hosts = document.Walk("host");
+  Check(!hosts.empty(), "the file has hosts");
+  std::vector<Node> spread;
+  for (std::size_t i = 0; i != count; ++i) spread.push_back(hosts[i * hosts.size() / count]);
+  return spread;
+}
+
+/// Another value for a statement of a host, each time.
+class Change {
+ public:
+  explicit Change(const std::string& path)
+      : document_(Document::Read(path)), host_(SpreadHosts(document_, 1).front()) {}
+
+  double Run() {
+    const std::string address = "192.0.2." + std::to_string(100 + ++times_ % 100);
+    std::string text;
+    const double seconds = SecondsFor([&] {
+      host_.Set("fixed-address", address);
+      text = document_.Text();
+    });
+    Check(text.find("fixed-address " + address + ";") != std::string::npos, "a host is changed");
+    return seconds;
+  }
+
+ private:
+  Document document_;
+  Node host_;
+  std::size_t times_ = 0;
+};
+
+double Copy(std::string_view text) {
+  std::unique_ptr<char[]> copy;
+  const double seconds = SecondsFor([&] {
+    copy.reset(new char[text.size()]);
+    std::memcpy(copy.get(), text.data(), text.size());
+  });
+  Check(copy[0] == text[0] && copy[text.size() - 1] == text.back(), "the text is copied");
+  return seconds;
+}
+
+/// Sets a statement that each of many hosts has.
+double EditMany(const std::string& path) {
+  Document document = Document::Read(path);
+  const std::vector<Node> hosts = SpreadHosts(document, kEdits);
+  const double seconds = SecondsFor([&] {
+    for (Node host : hosts) host.Set("fixed-address", "192.0.2.1");
+  });
+  Check(hosts.back().InForce("fixed-address").Value() == "192.0.2.1", "many hosts are changed");
+  return seconds;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const CommandLine arguments(argc, argv);
+  const std::string& path = arguments.file;
+  const std::string size = ", " + Megabytes(arguments.FileSize());
+  std::vector<Samples> samples;
+  {
+    const std::string json = JsonOfTree(path);
+    samples = InTurn(arguments.rounds,
+                     {[&] { return Read(path); }, [&] { return ParseWithRapidJson(json); },
+                      [&] { return EditMany(path); }});
+  }
+  PrintRow("Document, read" + size, samples[0], "RapidJSON, DOM of the same tree", samples[1],
+           0.35);
+  PrintRow("Document, 10000 edits" + size, samples[2], "reading it", samples[0], 1.0);
+
+  Change change(path);
+  const FileText text(path);
+  samples =
+      InTurn(arguments.rounds, {[&] { return change.Run(); }, [&] { return Copy(text.View()); }});
+  PrintRow("Document, set one statement, text" + size, samples[0], "a copy of the file", samples[1],
+           1.2);
+  return EXIT_SUCCESS;
+}
