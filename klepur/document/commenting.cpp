@@ -69,7 +69,8 @@ bool GiveOwnLines(DocumentState& state, NodeRun run) {
   }
   const std::string indent = IndentOf(state, run.first);
   const std::string line_end = LineEndAt(state, state.Begin(run.first));
-  if (!BeginsLine(state, run.first)) WriteGap(state, GapBefore(state, run.first), line_end + indent);
+  if (!BeginsLine(state, run.first))
+    WriteGap(state, GapBefore(state, run.first), line_end + indent);
   if (!EndsLine(state, run.last)) {
     const Gap behind = GapBehind(state, run.last);
     const bool closes = NextOf(state, behind) == kNoNode;

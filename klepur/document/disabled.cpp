@@ -200,8 +200,8 @@ std::vector<Disabled> DisabledInRun(const DocumentState& state, NodeId comment) 
 }
 
 std::optional<Disabled> DisabledAt(const DocumentState& state, NodeId comment) {
-  for (Disabled& disabled : DisabledInRun(state, comment)) {
-    if (disabled.first == comment) return std::move(disabled);
+  for (const Disabled& disabled : DisabledInRun(state, comment)) {
+    if (disabled.first == comment) return disabled;
   }
   return std::nullopt;
 }

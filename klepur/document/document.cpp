@@ -42,8 +42,7 @@ internal::TextBuffer BytesOf(const std::string& path) {
 
 }  // namespace
 
-Document::Document(std::string_view text)
-    : state_(std::make_unique<DocumentState>(CopyOf(text))) {}
+Document::Document(std::string_view text) : state_(std::make_unique<DocumentState>(CopyOf(text))) {}
 
 Document::Document(std::unique_ptr<DocumentState> state) : state_(std::move(state)) {}
 Document::Document(Document&&) noexcept = default;
@@ -94,9 +93,7 @@ std::vector<Node> Document::FindAll(std::string_view header) const {
       state_->headers.Find(*state_, internal::KeyOf(header), internal::NameIn(header));
   if (found.size() > 1) {
     state_->positions.Update(state_->text, state_->edits);
-    const auto offset = [this](NodeId id) {
-      return state_->positions.OffsetOf(state_->Begin(id));
-    };
+    const auto offset = [this](NodeId id) { return state_->positions.OffsetOf(state_->Begin(id)); };
     std::sort(found.begin(), found.end(),
               [&](NodeId left, NodeId right) { return offset(left) < offset(right); });
   }

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include <klepur/document/edit_memory.h>
-#include <klepur/document/positions.h>
 #include <klepur/document/header_index.h>
+#include <klepur/document/positions.h>
 #include <klepur/document/syntax_tree.h>
 #include <klepur/text/piece_text.h>
 
@@ -42,10 +42,11 @@ struct DocumentState {
   /// Where Add put the last of a key in a block, so that many are added without a search each. Edits of other
   /// kinds clear it.
   std::map<std::pair<NodeId, std::string>, NodeId> last_of_key;
-  std::size_t edits = 0;  ///< Counts all that changed the text, for who keeps something worked out of it.
+  std::size_t edits =
+      0;  ///< Counts all that changed the text, for who keeps something worked out of it.
   bool malformed = false;  ///< Whether what reading found wrong could change what an edit means.
-  int series = 0;         ///< How many series of edits are going on, one in another.
-  bool unchecked = false; ///< Whether edits of a malformed text wait for the end of the series.
+  int series = 0;          ///< How many series of edits are going on, one in another.
+  bool unchecked = false;  ///< Whether edits of a malformed text wait for the end of the series.
 
   mutable std::mutex lazy;  ///< Guards what is made when it is first asked for.
   mutable Positions positions;

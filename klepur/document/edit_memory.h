@@ -26,12 +26,12 @@ struct Remembered {
 class EditMemory {
  public:
   enum class About {
-    kGap,        ///< The gap behind `node` (kNoNode: at the start) in `other`, before something was added in it.
+    kGap,  ///< The gap behind `node` (kNoNode: at the start) in `other`, before something was added in it.
     kOneLine,    ///< The gaps of block `node`, before it was opened.
     kAlignment,  ///< The gap behind statement `node` while it had this text.
     kHeader,     ///< The header of block `node` while it had this name.
     kCommented,  ///< What node `node` was before it was commented out.
-    kMoved,      ///< The gaps around `node` while it stood behind `other` in the block of that number.
+    kMoved,  ///< The gaps around `node` while it stood behind `other` in the block of that number.
   };
   struct Key {
     About about;

@@ -50,8 +50,7 @@ Address Put(DocumentState& state, Place place, const Snippet& snippet, const Pla
   if (IsMidLine(state, place)) {
     const Neighbours neighbours(state, place.gap);
     const bool in_one_line = block != kRoot && IsOnOneLine(state, block);
-    const bool below_comment =
-        place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
+    const bool below_comment = place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
     text = snippet.OnOneLine(neighbours);
     const std::string key = block == kRoot ? std::string() : KeyOf(state.OwnText(block));
     if (!text.empty() && !below_comment && !(in_one_line && snippet.IsBlock()) &&

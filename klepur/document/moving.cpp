@@ -47,9 +47,8 @@ class OffsetsInRun {
 
 /// Whether a node stood between others on a line at this place before.
 bool StoodInLine(const DocumentState& state, NodeId first, Place place) {
-  const Remembered* memory =
-      state.memory.Recall({EditMemory::About::kMoved, first, place.gap.previous,
-                           std::to_string(place.gap.parent)});
+  const Remembered* memory = state.memory.Recall(
+      {EditMemory::About::kMoved, first, place.gap.previous, std::to_string(place.gap.parent)});
   return memory != nullptr && !HasLineEnd(memory->texts[0]) && !HasLineEnd(memory->texts[1]);
 }
 
@@ -81,10 +80,12 @@ void Require(const DocumentState& state, NodeId id, NodeId parent, const Placed&
     throw Error(ErrorCode::kBadPlace, "only blocks and the file hold statements");
   }
   if (state.IsBlock(id) && state.tree[id].unfinished) {
-    throw Error(ErrorCode::kMalformed, "the block is not closed, and reaches to the end of the file");
+    throw Error(ErrorCode::kMalformed,
+                "the block is not closed, and reaches to the end of the file");
   }
   if (what.is_branch) {
-    throw Error(ErrorCode::kBadPlace, "an \"elsif\" or \"else\" cannot be moved without its \"if\"");
+    throw Error(ErrorCode::kBadPlace,
+                "an \"elsif\" or \"else\" cannot be moved without its \"if\"");
   }
 }
 
@@ -119,9 +120,8 @@ Address PutMoved(DocumentState& state, Place place, const Reindented& moved,
 void RestoreGaps(DocumentState& state, NodeRun run) {
   const Gap before = GapBefore(state, run.first);
   const Gap behind = GapBehind(state, run.last);
-  const Remembered* memory =
-      state.memory.Recall({EditMemory::About::kMoved, run.first, before.previous,
-                           std::to_string(before.parent)});
+  const Remembered* memory = state.memory.Recall(
+      {EditMemory::About::kMoved, run.first, before.previous, std::to_string(before.parent)});
   if (memory == nullptr || memory->nodes.front() != NextOf(state, behind)) return;
   WriteGap(state, before, memory->texts[0]);
   WriteGap(state, behind, memory->texts[1]);
@@ -143,8 +143,8 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
   const Place place = Without(state, FindPlace(state, parent, what, where, anchor), nodes);
   const NodeId old_parent = state.tree[id].parent;
   const NodeId above = state.tree[FirstOwnComment(state, id)].previous;
-  if (old_parent == parent && (place.gap.previous == state.tree[run.first].previous ||
-                               place.gap.previous == above)) {
+  if (old_parent == parent &&
+      (place.gap.previous == state.tree[run.first].previous || place.gap.previous == above)) {
     return;
   }
 
@@ -155,8 +155,8 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
   const std::string old_indent = IndentOf(state, run.first);
   TakeOut(state, run);
   const Reindented moved(text, old_indent, indent);
-  const Address address = PutMoved(
-      state, place, moved, indent, what, old_parent == parent || StoodInLine(state, run.first, place));
+  const Address address = PutMoved(state, place, moved, indent, what,
+                                   old_parent == parent || StoodInLine(state, run.first, place));
   NodeId previous = place.gap.previous;
   for (const NodeId node : nodes) {
     Readdress(state, node, offsets, moved, address);

@@ -8,7 +8,8 @@
 namespace klepur::internal {
 
 /// Moves a node and the comments that belong to it below a parent, see Node::MoveTo.
-void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where where, NodeId anchor);
+void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where where,
+              NodeId anchor);
 
 }  // namespace klepur::internal
 

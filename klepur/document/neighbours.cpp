@@ -62,9 +62,8 @@ NodeId Neighbours::Nearest(std::string_view key, const Fits& fits) const {
 }
 
 bool Neighbours::BlocksStandOnOneLine(std::string_view key) const {
-  const NodeId nearest = Nearest(key, [this](NodeId id) {
-    return !Holds(id) && state_.tree.FirstChild(id) != kNoNode;
-  });
+  const NodeId nearest = Nearest(
+      key, [this](NodeId id) { return !Holds(id) && state_.tree.FirstChild(id) != kNoNode; });
   return nearest != kNoNode && IsOnOneLine(state_, nearest);
 }
 
@@ -104,8 +103,7 @@ Neighbours::OneLineBlanks Neighbours::InOneLine(std::string_view key) const {
 }
 
 std::string Neighbours::Step(std::string_view key) const {
-  const NodeId nearest =
-      Nearest(key, [this](NodeId id) { return StepOf(id).has_value(); });
+  const NodeId nearest = Nearest(key, [this](NodeId id) { return StepOf(id).has_value(); });
   return nearest == kNoNode ? "\t" : *StepOf(nearest);
 }
 

@@ -113,8 +113,8 @@ Node Node::Child(std::string_view keyword, std::string_view name) const {
 
 Node Node::InForce(std::string_view keyword) const {
   if (IsGone()) return {};
-  return NodeAccess::OrNone(
-      state_, internal::StatementInForce(*state_, id_, internal::NormalKey(keyword)));
+  return NodeAccess::OrNone(state_,
+                            internal::StatementInForce(*state_, id_, internal::NormalKey(keyword)));
 }
 
 std::vector<Node> Node::Comments() const {

@@ -186,9 +186,7 @@ class KLEPUR_EXPORT NodeRange {
     friend bool operator==(const Iterator& left, const Iterator& right) {
       return left.node_ == right.node_;
     }
-    friend bool operator!=(const Iterator& left, const Iterator& right) {
-      return !(left == right);
-    }
+    friend bool operator!=(const Iterator& left, const Iterator& right) { return !(left == right); }
 
    private:
     Node node_;

@@ -71,7 +71,8 @@ Place AutoPlace(DocumentState& state, NodeId parent, const Placed& what) {
   if (last != kNoNode) return Behind(state, last);
   if (!what.is_block) {
     const NodeId block = FirstBlock(state, parent);
-    NodeId plain = block == kNoNode ? state.tree.KnownLastChild(parent) : state.tree[block].previous;
+    NodeId plain =
+        block == kNoNode ? state.tree.KnownLastChild(parent) : state.tree[block].previous;
     while (plain != kNoNode && !IsPlain(state, plain)) plain = state.tree[plain].previous;
     if (plain == kNoNode) {
       plain = LastThat(state, parent, [&](NodeId id) { return IsPlain(state, id); });
@@ -219,7 +220,8 @@ std::string IndentAt(DocumentState& state, Place place, const Neighbours& neighb
   for (const bool comment : {false, true}) {
     int count = 0;
     const NodeId next = NextOf(state, place.gap);
-    if (place.before_next && next != kNoNode && BeginsLine(state, next)) return IndentOf(state, next);
+    if (place.before_next && next != kNoNode && BeginsLine(state, next))
+      return IndentOf(state, next);
     for (NodeId id = place.gap.previous; id != kNoNode && count < kSiblingsToAsk;
          id = state.tree[id].previous, ++count) {
       if (begins_line(id, comment)) return IndentOf(state, id);
@@ -241,17 +243,16 @@ Address PutLines(DocumentState& state, Place place, std::string_view text, std::
   const std::string old = ReadGap(state, gap);
   const std::string line_end = LineEndAt(state, BeginOf(state, gap));
   const NodeId next = NextOf(state, gap);
-  const bool below_comment =
-      apart && gap.previous != kNoNode && state.IsComment(gap.previous) &&
-      !IsTrailing(state, gap.previous);
+  const bool below_comment = apart && gap.previous != kNoNode && state.IsComment(gap.previous) &&
+                             !IsTrailing(state, gap.previous);
   const std::size_t blank_lines = BlankLinesFor(state, place, what);
   if (gap.parent == kRoot && gap.previous == kNoNode && next == kNoNode) {
     const bool at_line_start = old.empty() || old.back() == '\n';
     return PutInGap(state, gap, at_line_start ? old : old + line_end, text,
                     at_line_start ? line_end : std::string());
   }
-  const bool at_end_apart = below_comment && next == kNoNode && gap.parent == kRoot &&
-                            CountLineEnds(old) > 1;
+  const bool at_end_apart =
+      below_comment && next == kNoNode && gap.parent == kRoot && CountLineEnds(old) > 1;
   if (at_end_apart) {
     return PutInGap(state, gap, std::string(WithoutLastLine(old)) + std::string(indent), text,
                     line_end);
@@ -259,9 +260,9 @@ Address PutLines(DocumentState& state, Place place, std::string_view text, std::
   if (place.before_next && next != kNoNode) {
     const bool touches = below_comment && CountLineEnds(old) == 1;
     const bool apart_below = what.ends_in_comment && !what.key.empty() && blank_lines == 0;
-    return PutInGap(state, gap, touches ? WithBlankLine(old, line_end) : old, text,
-                    Repeated(line_end, blank_lines + (apart_below ? 2 : 1)) +
-                        IndentOf(state, next));
+    return PutInGap(
+        state, gap, touches ? WithBlankLine(old, line_end) : old, text,
+        Repeated(line_end, blank_lines + (apart_below ? 2 : 1)) + IndentOf(state, next));
   }
   const std::size_t line_ends = 1 + (below_comment && blank_lines == 0 ? 1 : blank_lines);
   const bool touches_below = what.ends_in_comment && next != kNoNode && CountLineEnds(old) == 1;
@@ -286,10 +287,9 @@ Address PutInLine(DocumentState& state, Place place, std::string_view text) {
 Address PutBetweenLines(DocumentState& state, Place place, std::string_view text,
                         std::string_view indent) {
   const std::string line_end = LineEndAt(state, BeginOf(state, place.gap));
-  const std::string behind =
-      NextOf(state, place.gap) == kNoNode && place.gap.parent != kRoot
-          ? IndentOf(state, place.gap.parent)
-          : std::string(indent);
+  const std::string behind = NextOf(state, place.gap) == kNoNode && place.gap.parent != kRoot
+                                 ? IndentOf(state, place.gap.parent)
+                                 : std::string(indent);
   return PutInGap(state, place.gap, line_end + std::string(indent), text, line_end + behind);
 }
 

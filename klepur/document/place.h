@@ -21,7 +21,8 @@ struct Placed {
   std::string key;
   bool is_block = false;
   bool is_branch = false;
-  bool ends_in_comment = false;  ///< In a line of its own, that must not come to belong to what follows.
+  bool ends_in_comment =
+      false;  ///< In a line of its own, that must not come to belong to what follows.
 };
 
 /// Throws Error(kBadPlace) when the anchor is no child of the parent, or the place is within a chain.

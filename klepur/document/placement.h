@@ -20,8 +20,8 @@ struct Placement {
   };
 
   Where where = Where::kAuto;
-  Node anchor;          ///< For kBefore and kAfter: a child of the block.
-  std::string comment;  ///< Lines of comment above it, without their "#"; none when empty.
+  Node anchor;                   ///< For kBefore and kAfter: a child of the block.
+  std::string comment;           ///< Lines of comment above it, without their "#"; none when empty.
   std::string trailing_comment;  ///< The comment behind it, without its "#"; none when empty.
 
   static Placement First() { return {Where::kFirst, {}, {}, {}}; }

@@ -38,8 +38,7 @@ std::string JoinLines(const GapsToJoin& gaps) {
     return std::string(WithoutLastLine(gaps.before)) + std::string(LastLine(gaps.behind));
   }
   if (at_text_start) return std::string(LastLine(gaps.behind));
-  return std::string(FirstLine(gaps.before)) +
-         gaps.behind.substr(FirstLine(gaps.behind).size());
+  return std::string(FirstLine(gaps.before)) + gaps.behind.substr(FirstLine(gaps.behind).size());
 }
 
 }  // namespace
@@ -99,9 +98,9 @@ void TakeOut(DocumentState& state, NodeRun run) {
   if (memory != nullptr && memory->nodes.front() == next && !opened_since) {
     joined = memory->texts.front();
   }
-  state.memory.Remember({EditMemory::About::kMoved, run.first, before.previous,
-                         std::to_string(before.parent)},
-                        {{next}, {gaps.before, gaps.behind}});
+  state.memory.Remember(
+      {EditMemory::About::kMoved, run.first, before.previous, std::to_string(before.parent)},
+      {{next}, {gaps.before, gaps.behind}});
   const PieceText::Edge begin = BeginOf(state, before);
   const PieceText::Edge end = EndOf(state, behind);
   state.text.Replace(begin, end, {state.text.Append(joined)});

@@ -70,7 +70,8 @@ bool Snippet::IsBranch() const {
 
 std::string_view Snippet::OwnText(NodeId id) const {
   const SyntaxNode& node = tree_[id];
-  return View(node.begin, node.kind == NodeKind::kBlock ? node.begin + tree_.BraceOf(id) : node.end);
+  return View(node.begin,
+              node.kind == NodeKind::kBlock ? node.begin + tree_.BraceOf(id) : node.end);
 }
 
 std::string_view Snippet::GapBefore(NodeId id) const {
@@ -179,8 +180,7 @@ class LineWriter {
     if (!first && (snippet_.IsTrailing(id) || snippet_.ContinuesLine(id, neighbours_))) {
       text_ += ' ';
     } else if (!first) {
-      if (snippet_.tree_[id].previous != kNoNode &&
-          CountLineEnds(snippet_.GapBefore(id)) > 1) {
+      if (snippet_.tree_[id].previous != kNoNode && CountLineEnds(snippet_.GapBefore(id)) > 1) {
         text_ += end_;
       }
       NewLine();

@@ -167,11 +167,9 @@ static_assert(std::is_sorted(std::begin(kWords), std::end(kWords),
                              }));
 
 constexpr std::uint8_t NumberInTable(std::string_view text) {
-  const auto* const found =
-      std::lower_bound(std::begin(kWords), std::end(kWords), text,
-                       [](const StructureWord& word, std::string_view sought) {
-                         return word.text < sought;
-                       });
+  const auto* const found = std::lower_bound(
+      std::begin(kWords), std::end(kWords), text,
+      [](const StructureWord& word, std::string_view sought) { return word.text < sought; });
   if (found == std::end(kWords) || found->text != text) return kUnknownWord;
   return static_cast<std::uint8_t>(found - std::begin(kWords));
 }

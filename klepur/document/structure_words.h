@@ -21,7 +21,8 @@ enum class Begins : std::uint8_t {
 struct StructureWord {
   std::string_view text;  ///< In small letters; files may write it in any case.
   Begins begins;
-  std::uint8_t key_words;  ///< How many words tell one statement from another: 2 for "option routers".
+  std::uint8_t
+      key_words;  ///< How many words tell one statement from another: 2 for "option routers".
 };
 
 /// Number 0, and of every word that is not in the table.

@@ -25,13 +25,15 @@ struct SyntaxNode {
   NodeId next = kNoNode;
   NodeId previous = kNoNode;
   NodeId parent = kNoNode;
-  std::uint16_t brace = 0;  ///< How far behind `begin` the "{" stands; kFarBrace when that is too far to tell.
-  std::uint8_t word = 0;    ///< The number of the word that a block begins with, in the table of words.
+  std::uint16_t brace =
+      0;  ///< How far behind `begin` the "{" stands; kFarBrace when that is too far to tell.
+  std::uint8_t word =
+      0;  ///< The number of the word that a block begins with, in the table of words.
   NodeKind kind : 3 = NodeKind::kFile;
-  std::uint8_t gone : 1 = 0;        ///< Removed, and with it all below.
-  std::uint8_t own_head : 1 = 0;    ///< Its first child is not the node made right after it.
-  std::uint8_t unfinished : 1 = 0;  ///< Without its ";" or "}".
-  std::uint8_t open_quote : 1 = 0;  ///< Holds a quote that nothing closes.
+  std::uint8_t gone : 1 = 0;            ///< Removed, and with it all below.
+  std::uint8_t own_head : 1 = 0;        ///< Its first child is not the node made right after it.
+  std::uint8_t unfinished : 1 = 0;      ///< Without its ";" or "}".
+  std::uint8_t open_quote : 1 = 0;      ///< Holds a quote that nothing closes.
   std::uint8_t late_semicolon : 1 = 0;  ///< A block behind whose "}" a ";" stands.
 };
 static_assert(sizeof(SyntaxNode) == 24);

@@ -12,8 +12,8 @@
 #include <klepur/document/structure_reader.h>
 #include <klepur/document/structure_words.h>
 #include <klepur/document/words_of_text.h>
-#include <klepur/text/letters.h>
 #include <klepur/text/error.h>
+#include <klepur/text/letters.h>
 #include <klepur/text/text_buffer.h>
 
 namespace klepur::internal {
@@ -55,7 +55,8 @@ void ReplaceOwnText(DocumentState& state, NodeId id, std::string_view text) {
     state.text.Replace(begin, end, {span});
   }
   SyntaxNode& node = state.tree.Change(id);
-  const bool empty_block = block && node.unfinished && node.end == node.begin + state.tree.BraceOf(id) + 1;
+  const bool empty_block =
+      block && node.unfinished && node.end == node.begin + state.tree.BraceOf(id) + 1;
   node.begin = span.begin;
   if (!block || empty_block) node.end = span.end;
   if (block) state.tree.SetBrace(id, static_cast<Address>(text.size()));
@@ -87,8 +88,7 @@ void ReplaceStatement(DocumentState& state, NodeId id, const std::string& text) 
   const Gap gap = GapBehind(state, id);
   const bool aligned = comment != kNoNode && IsAligned(state, id, comment) &&
                        ReadGap(state, gap).find_first_not_of(' ') == std::string::npos;
-  const std::size_t column =
-      comment == kNoNode ? 0 : ColumnOf(state, state.Begin(comment));
+  const std::size_t column = comment == kNoNode ? 0 : ColumnOf(state, state.Begin(comment));
   if (comment != kNoNode) {
     state.memory.Remember({EditMemory::About::kAlignment, id, comment, old},
                           {{}, {ReadGap(state, gap)}});
@@ -148,10 +148,9 @@ std::string WithoutElement(const std::string& text, const std::vector<ValuePlace
   const std::size_t comma = text.find(',', elements[index].end);
   const std::size_t line_begin = text.rfind('\n', begin) + 1;
   const std::size_t line_end = text.find('\n', comma);
-  const bool first_on_line =
-      line_begin != 0 && text.find_first_not_of(" \t", line_begin) == begin;
-  const bool last_on_line = line_end != std::string::npos &&
-                            text.find_first_not_of(" \t\r", comma + 1) == line_end;
+  const bool first_on_line = line_begin != 0 && text.find_first_not_of(" \t", line_begin) == begin;
+  const bool last_on_line =
+      line_end != std::string::npos && text.find_first_not_of(" \t\r", comma + 1) == line_end;
   if (first_on_line && last_on_line) {
     return text.substr(0, line_begin) + text.substr(line_end + 1);
   }
@@ -241,11 +240,10 @@ void RenameBlock(DocumentState& state, NodeId block, std::string_view name) {
   const bool as_it_stands = !IsQuotedName(old) && NameIn("x " + std::string(name)) == name;
   const std::string_view key = std::string_view(old).substr(0, KeySize(old));
   const std::size_t begin = old.find_first_not_of(" \t\r\n", key.size());
-  const std::string blanks =
-      old_name.empty() ? " " : old.substr(key.size(), begin - key.size());
-  const bool plain = one_word ? !IsQuotedName(old) : as_it_stands && old_name.find(' ') != std::string::npos;
-  SetHeaderOf(state, block,
-              std::string(key) + blanks + (plain ? std::string(name) : Quoted(name)));
+  const std::string blanks = old_name.empty() ? " " : old.substr(key.size(), begin - key.size());
+  const bool plain =
+      one_word ? !IsQuotedName(old) : as_it_stands && old_name.find(' ') != std::string::npos;
+  SetHeaderOf(state, block, std::string(key) + blanks + (plain ? std::string(name) : Quoted(name)));
 }
 
 NodeId StatementInForce(const DocumentState& state, NodeId block, std::string_view key) {
@@ -267,8 +265,8 @@ void AppendToListOf(DocumentState& state, NodeId id, std::string_view element) {
   std::string separator = ", ";
   if (alone) {
     const bool carriage_return = line_begin > 1 && old[line_begin - 2] == '\r';
-    separator = (carriage_return ? ",\r\n" : ",\n") +
-                old.substr(line_begin, last.begin - line_begin);
+    separator =
+        (carriage_return ? ",\r\n" : ",\n") + old.substr(line_begin, last.begin - line_begin);
   } else if (elements.size() > 1) {
     const std::size_t before = elements[elements.size() - 2].end;
     const std::string between = old.substr(before, last.begin - before);
@@ -286,10 +284,9 @@ bool RemoveFromListOf(DocumentState& state, NodeId id, std::string_view element)
   RequireStatement(state, id);
   const std::string old(state.OwnText(id));
   const std::vector<ValuePlace> elements = ElementsOf(old);
-  const auto found =
-      std::find_if(elements.begin(), elements.end(), [&](const ValuePlace& place) {
-        return NormalWords(ElementText(old, place)) == NormalWords(element);
-      });
+  const auto found = std::find_if(elements.begin(), elements.end(), [&](const ValuePlace& place) {
+    return NormalWords(ElementText(old, place)) == NormalWords(element);
+  });
   if (found == elements.end()) return false;
   if (elements.size() == 1) {
     throw Error(ErrorCode::kBadText, "the last element of a list cannot be taken out");

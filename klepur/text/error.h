@@ -11,12 +11,12 @@ namespace klepur {
 
 /// Why something was not done.
 enum class ErrorCode {
-  kFile,       ///< A file could not be read or written; the text says the step, the path and the reason.
-  kTooLarge,   ///< The text reaches 4 GiB.
-  kGone,       ///< The block, statement or comment was removed, or is none at all.
-  kBadText,    ///< The text that was given is not what is asked for: a word, a value, whole statements.
-  kBadPlace,   ///< The place does not fit: in a statement, in itself, between an "if" and its "else".
-  kNotFound,   ///< What should be changed is not there.
+  kFile,  ///< A file could not be read or written; the text says the step, the path and the reason.
+  kTooLarge,  ///< The text reaches 4 GiB.
+  kGone,      ///< The block, statement or comment was removed, or is none at all.
+  kBadText,  ///< The text that was given is not what is asked for: a word, a value, whole statements.
+  kBadPlace,  ///< The place does not fit: in a statement, in itself, between an "if" and its "else".
+  kNotFound,  ///< What should be changed is not there.
   kMalformed,  ///< What reading found wrong with the file is in the way: a block that is never closed.
 };
 

@@ -32,7 +32,8 @@ class LargeArray {
   LargeArray() noexcept = default;
   LargeArray(LargeArray&& other) noexcept { Swap(other); }
   LargeArray& operator=(LargeArray&& other) noexcept {
-    LargeArray(std::move(other)).Swap(*this);
+    LargeArray taken(std::move(other));
+    taken.Swap(*this);
     return *this;
   }
 

@@ -20,7 +20,8 @@ class LargeMemory {
   LargeMemory() noexcept = default;
   LargeMemory(LargeMemory&& other) noexcept { Swap(other); }
   LargeMemory& operator=(LargeMemory&& other) noexcept {
-    LargeMemory(std::move(other)).Swap(*this);
+    LargeMemory taken(std::move(other));
+    taken.Swap(*this);
     return *this;
   }
   ~LargeMemory();

@@ -38,7 +38,8 @@ class PieceText {
   explicit PieceText(TextBuffer base);
 
   const char* Bytes(Address address) const {
-    return address < base_.size() ? base_.data() + address : added_.data() + (address - base_.size());
+    return address < base_.size() ? base_.data() + address
+                                  : added_.data() + (address - base_.size());
   }
   std::string_view View(Span span) const { return {Bytes(span.begin), span.end - span.begin}; }
   Address BaseSize() const { return static_cast<Address>(base_.size()); }
