@@ -80,14 +80,14 @@ class KLEPUR_EXPORT Network {
   /// The `subnet` or `subnet6` block around an address, of several the innermost: the smallest one where
   /// they lie one in the other. No node if there is none. A subnet whose netmask has holes is not found.
   Node SubnetOf(const Address& address) const;
-  Node SubnetOf(std::string_view address) const;
+  Node SubnetOf(std::string_view text) const;
   /// The `range` or `range6` statement that holds an address; the innermost if they overlap.
   Node RangeOf(const Address& address) const;
-  Node RangeOf(std::string_view address) const;
+  Node RangeOf(std::string_view text) const;
   /// The `pool` or `pool6` block with a range that holds an address. No node for an address in a range that
   /// stands right in a subnet.
   Node PoolOf(const Address& address) const;
-  Node PoolOf(std::string_view address) const;
+  Node PoolOf(std::string_view text) const;
   /// All of them, the innermost first, and of those with the same addresses the first one of the text first.
   std::vector<Node> SubnetsOf(const Address& address) const;
   std::vector<Node> RangesOf(const Address& address) const;

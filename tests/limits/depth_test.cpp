@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/limits/long_texts.h"
 #include "tests/limits/on_stack.h"
 #include "tests/limits/sizes.h"
 #include "tests/support/family.h"
@@ -17,13 +18,6 @@ namespace klepur::test {
 namespace {
 
 using TreeNode = Tree<CfSection>::TreeNode;
-
-std::string Repeated(std::string_view text, std::size_t times) {
-  std::string result;
-  result.reserve(text.size() * times);
-  for (std::size_t i = 0; i != times; ++i) result += text;
-  return result;
-}
 
 /// So many blocks in each other: the outermost and the innermost have names of their own, the
 /// innermost holds a line.

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/limits/long_texts.h"
 #include "tests/limits/sizes.h"
 #include "tests/support/files.h"
 
@@ -25,12 +26,6 @@ std::string Long(std::string_view piece) {
   while (text.size() < kLong) text += std::string_view(text).substr(0, kLong);
   text.resize((kLong + piece.size() - 1) / piece.size() * piece.size());
   return text;
-}
-
-/// EXPECT_EQ would print a hundred megabytes.
-void ExpectSame(std::string_view actual, std::string_view expected) {
-  EXPECT_TRUE(actual == expected) << actual.size() << " bytes in place of " << expected.size()
-                                  << ", " << actual.substr(0, 100) << "...";
 }
 
 class LineLength : public ::testing::Test {

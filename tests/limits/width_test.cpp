@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/limits/long_texts.h"
 #include "tests/limits/sizes.h"
 #include "tests/support/family.h"
 #include "tests/support/files.h"
@@ -17,16 +18,6 @@ namespace klepur::test {
 namespace {
 
 using TreeNode = Tree<CfSection>::TreeNode;
-
-/// A text for each number from 0 on; "%" in it stands for the number.
-std::string Numbered(std::string_view text, std::size_t count) {
-  std::string result;
-  for (std::size_t number = 0; number != count; ++number) {
-    const std::string digits = std::to_string(number);
-    for (const char c : text) c == '%' ? result += digits : result += c;
-  }
-  return result;
-}
 
 std::string Number(std::size_t number) {
   return std::to_string(number);

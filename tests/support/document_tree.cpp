@@ -101,6 +101,8 @@ std::string FindingsText(const Document& document) {
 
 std::string_view ToText(FindingCode code) {
   switch (code) {
+    case FindingCode::kBranchWithoutIf:
+      return "branch without if";
     case FindingCode::kByteOrderMark:
       return "byte order mark";
     case FindingCode::kEmptyStatement:
