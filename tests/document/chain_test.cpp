@@ -444,5 +444,21 @@ TEST_P(Chain, IsFoundInAgainAfterItWasMovedIntoAndCommentedOut) {
   EXPECT_EQ(groups[0].Parent(), chain);
 }
 
+TEST_P(Chain, OfManyLinesIsDisabledAsAWhole) {
+  std::string text = "if known {\n";
+  for (int i = 0; i != 30; ++i) text += "  filename \"" + std::to_string(i) + "\";\n";
+  text += "}\nelsif unknown {\n";
+  for (int i = 0; i != 30; ++i) text += "  filename \"" + std::to_string(i) + "\";\n";
+  text += "} else {\n}\nauthoritative;\n";
+  Given(text);
+  Node chain = Root().Child("if");
+  Edit([&] { chain.CommentOut(); });
+  EXPECT_NE(chain.DisabledText().find("else"), std::string::npos);
+  EXPECT_TRUE(Root().Child("authoritative").Comments().empty());
+  EXPECT_EQ(Document(Doc().Text()).Root().Disabled().front().DisabledText(), chain.DisabledText());
+  Edit([&] { chain.BringBack(); });
+  EXPECT_EQ(Text(), First());
+}
+
 }  // namespace
 }  // namespace klepur::test

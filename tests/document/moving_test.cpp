@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "tests/document/document_test.h"
 
 namespace klepur::test {
@@ -329,6 +331,80 @@ TEST_P(Moving, OutOfABlockOnOneLineAndBack) {
   EXPECT_EQ(Text(), First());
   Edit([&] { group.MoveTo(Root()); });
   Edit([&] { group.MoveTo(host, Placement::Before(routers)); });
+  EXPECT_EQ(Text(), First());
+}
+
+TEST_P(Moving, BlockOfSeveralLinesIntoOneOnOneLine) {
+  Given(
+      "key x {group { option domain-name \"a\"; next-server 10.0.0.5; }}\n"
+      "host pc {\n"
+      "    group {\n"
+      "        # one\n"
+      "        filename \"b\";\n"
+      "    }\n"
+      "}\n");
+  Node target = Find("key x").Child("group");
+  Node host = Find("host pc");
+  Node group = host.Child("group");
+  Edit([&] { group.MoveTo(target, Placement::Before(target.Child("next-server"))); });
+  EXPECT_EQ(Text(),
+            "key x {\n"
+            "    group {\n"
+            "        option domain-name \"a\";\n"
+            "        group {\n"
+            "            # one\n"
+            "            filename \"b\";\n"
+            "        }\n"
+            "        next-server 10.0.0.5;\n"
+            "    }\n"
+            "}\n"
+            "host pc {\n"
+            "}\n");
+  Edit([&] { group.MoveTo(host); });
+  EXPECT_EQ(Text(), First());
+}
+
+TEST_P(Moving, FirstOutOfABlockOnOneLineAndBack) {
+  Given(
+      "max-lease-time 600;\n"
+      "host a { next-server 10.0.0.5; option routers 10.0.0.1; }   # one\n"
+      "key b {option routers 10.0.0.1; option routers 10.0.0.2;}\n");
+  for (const char* const header : {"host a", "key b"}) {
+    Node block = Find(header);
+    Node first = block.FirstChild();
+    Node second = first.Next();
+    Edit([&] { first.MoveTo(Root(), Placement::First()); });
+    Edit([&] { first.MoveTo(block, Placement::Before(second)); });
+    EXPECT_EQ(Text(), First()) << header;
+  }
+}
+
+TEST_P(Moving, WhatOpenedABlockOutAndBack) {
+  const std::string name(90, 'x');
+  Given(
+      "group {\n"
+      "  filename \"a\";\n"
+      "}\n"
+      "host a { hardware ethernet 00:00:00:00:00:01; next-server 10.0.0.5; }\n");
+  Node host = Find("host a");
+  Node added;
+  Edit([&] { added = host.Add("option host-name \"" + name + "\";", Placement::First()); });
+  const std::string opened =
+      "group {\n"
+      "  filename \"a\";\n"
+      "}\n"
+      "host a {\n"
+      "  option host-name \"" +
+      name +
+      "\";\n"
+      "  hardware ethernet 00:00:00:00:00:01;\n"
+      "  next-server 10.0.0.5;\n"
+      "}\n";
+  EXPECT_EQ(Text(), opened);
+  Edit([&] { added.MoveTo(Root()); });
+  Edit([&] { added.MoveTo(host, Placement::First()); });
+  EXPECT_EQ(Text(), opened);
+  Edit([&] { added.Remove(); });
   EXPECT_EQ(Text(), First());
 }
 

@@ -70,10 +70,10 @@ struct Known {
 struct Plan {
   std::string words;           ///< What it does, to be read.
   std::function<void()> edit;  ///< Can be run again after it was taken back.
-  std::function<void()>
-      inverse;  ///< Gives the bytes from before it; none when nothing promises that.
-  std::vector<Node>
-      touched;  ///< Whose text, place or comments may change, besides the blocks around.
+  /// Gives the bytes from before it; false, and none when nothing promises that.
+  std::function<bool()> inverse;
+  /// Whose text, place or comments may change, besides the blocks around.
+  std::vector<Node> touched;
   std::vector<Node> parents;  ///< The blocks in which something changes.
 };
 
@@ -253,6 +253,7 @@ class Round {
         added_.erase(added_.begin() + static_cast<std::ptrdiff_t>(which));
         if (node) node.Remove(CommentsAbove::kTake);
       }
+      return true;
     };
     return plan;
   }
@@ -269,7 +270,10 @@ class Round {
     plan.edit = [statement, value] { Node(statement).SetValue(value); };
     // With comments in it, that of the last line may have become one behind the statement.
     if (old.find('#') == std::string::npos) {
-      plan.inverse = [statement, old] { Node(statement).SetValue(old); };
+      plan.inverse = [statement, old] {
+        Node(statement).SetValue(old);
+        return true;
+      };
     }
     return plan;
   }
@@ -321,8 +325,17 @@ class Round {
     return plan;
   }
 
+  /// Whether the comment above it may be one on all the statements of its kind.
+  static bool HeadsARun(const Node& node) {
+    const std::vector<Node> comments = node.Comments();
+    if (comments.empty() || node.Begin() < comments.front().Begin()) return false;
+    Node next = node.Next();
+    while (next.Is(NodeKind::kComment)) next = next.Next();
+    return next.Keyword() == node.Keyword();
+  }
+
   /// Where something stands that an anchor can name; none when comments of nobody are in between.
-  std::function<void()> WayBack(const Node& node) const {
+  std::function<bool()> WayBack(const Node& node) const {
     if (node.Keyword() == "if") return nullptr;
     // Of several on a line, whose comment it is changes with who is there.
     if (node.Next().Is(NodeKind::kComment) && node.Previous() &&
@@ -338,7 +351,11 @@ class Round {
     while (next && is_own(next)) next = next.Next();
     if (next && !next.Comments().empty() && next.Comments().front() == next) return nullptr;
     if (IsOf(next, NodeKind::kStatement) || (IsOf(next, NodeKind::kBlock) && !IsBranch(next))) {
-      return [node, parent, next] { Node(node).MoveTo(parent, Placement::Before(next)); };
+      return [node, parent, next] {
+        if (HeadsARun(node)) return false;
+        Node(node).MoveTo(parent, Placement::Before(next));
+        return true;
+      };
     }
     return nullptr;
   }
@@ -351,7 +368,10 @@ class Round {
     plan.parents = {node.Parent()};
     plan.touched = Chain(node);
     plan.edit = [node] { Node(node).CommentOut(); };
-    plan.inverse = [node] { Node(node).BringBack(); };
+    plan.inverse = [node] {
+      Node(node).BringBack();
+      return true;
+    };
     return plan;
   }
 
@@ -381,7 +401,7 @@ class Round {
     if (chance_.OneIn(2)) {
       plan.words = "append to " + Words(node);
       plan.edit = [node] { Node(node).AppendToList("10.9.9.9"); };
-      plan.inverse = [node] { Node(node).RemoveFromList("10.9.9.9"); };
+      plan.inverse = [node] { return Node(node).RemoveFromList("10.9.9.9"); };
     } else {
       plan.words = "take from " + Words(node);
       plan.edit = [node] {
@@ -405,7 +425,10 @@ class Round {
     plan.parents = {host.Parent()};
     plan.touched = {host};
     plan.edit = [host, name] { Node(host).Rename(name); };
-    plan.inverse = [host, old] { Node(host).Rename(old); };
+    plan.inverse = [host, old] {
+      Node(host).Rename(old);
+      return true;
+    };
     return plan;
   }
 
@@ -551,7 +574,7 @@ class Round {
 
   bool InverseRestores(const Plan& plan) {
     log_.push_back("the inverse");
-    plan.inverse();
+    if (!plan.inverse()) return true;
     return Same("the text after the inverse", before_, document_.Text()) && IsSound() &&
            LookupsAgree();
   }
