@@ -30,7 +30,7 @@ class AddressText {
   }
 
  private:
-  char text_[kTextSize];  // set as far as length_ says
+  char text_[kTextSize] = {};
   std::size_t length_ = 0;
 };
 

@@ -39,14 +39,14 @@ std::optional<HardwareAddress> HardwareAddress::Parse(std::string_view value) no
   const std::optional<std::string_view> name = words.NextPlain();
   const std::optional<unsigned char> type = name ? TypeOf(*name) : std::nullopt;
   if (!type) return std::nullopt;
-  unsigned char bytes[kMostBytes];
+  unsigned char bytes[kMostBytes] = {};
   const auto count = internal::ReadHexList(words.Rest(), {bytes, sizeof bytes});
   return count ? FromBytes(*type, bytes, *count) : std::nullopt;
 }
 
 std::optional<HardwareAddress> HardwareAddress::ParseAnySpelling(std::string_view text,
                                                                  unsigned char type) noexcept {
-  unsigned char bytes[kMostBytes];
+  unsigned char bytes[kMostBytes] = {};
   const auto count = internal::ReadTypedHex(text, {bytes, sizeof bytes});
   return count ? FromBytes(type, bytes, *count) : std::nullopt;
 }
