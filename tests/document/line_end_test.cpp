@@ -229,6 +229,42 @@ TEST_P(EndOfFile, WithoutALineEndBehindACommentKeepsThatClosed) {
   EXPECT_EQ(Text(), First());
 }
 
+TEST_P(EndOfFile, WithoutALineEndGetsCommentsWithWhatIsAdded) {
+  Given(
+      "authoritative;\n"
+      "max-lease-time 600;");
+  Node added;
+  Edit([&] {
+    added = Root().Add("min-lease-time 60;",
+                       Placement::Last().WithComment("one\ntwo").WithTrailingComment("three"));
+  });
+  EXPECT_EQ(Text(),
+            "authoritative;\n"
+            "max-lease-time 600;\n"
+            "# one\n"
+            "# two\n"
+            "min-lease-time 60; # three");
+  Edit([&] { added.Remove(); });
+  EXPECT_EQ(Text(), First());
+}
+
+TEST_P(EndOfFile, WithoutALineEndGetsSeveralWithACommentBehindTheLast) {
+  Given(
+      "authoritative;\n"
+      "max-lease-time 600;");
+  Edit([&] {
+    Root().Add("min-lease-time 60;\nfilename \"a\";",
+               Placement::Last().WithComment("one\ntwo").WithTrailingComment("three"));
+  });
+  EXPECT_EQ(Text(),
+            "authoritative;\n"
+            "max-lease-time 600;\n"
+            "# one\n"
+            "# two\n"
+            "min-lease-time 60;\n"
+            "filename \"a\"; # three");
+}
+
 TEST_P(EndOfFile, WithoutALineEndBehindCommentsOnly) {
   Given(
       "# head\n"

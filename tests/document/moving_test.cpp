@@ -342,6 +342,7 @@ TEST_P(Moving, BlockOfSeveralLinesIntoOneOnOneLine) {
       "        # one\n"
       "        filename \"b\";\n"
       "    }\n"
+      "    authoritative;\n"
       "}\n");
   Node target = Find("key x").Child("group");
   Node host = Find("host pc");
@@ -359,8 +360,9 @@ TEST_P(Moving, BlockOfSeveralLinesIntoOneOnOneLine) {
             "    }\n"
             "}\n"
             "host pc {\n"
+            "    authoritative;\n"
             "}\n");
-  Edit([&] { group.MoveTo(host); });
+  Edit([&] { group.MoveTo(host, Placement::First()); });
   EXPECT_EQ(Text(), First());
 }
 

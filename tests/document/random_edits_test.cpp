@@ -336,7 +336,7 @@ class Round {
 
   /// Where something stands that an anchor can name; none when comments of nobody are in between.
   std::function<bool()> WayBack(const Node& node) const {
-    if (node.Keyword() == "if") return nullptr;
+    if (node.Keyword() == "if" || HeadsARun(node)) return nullptr;
     // Of several on a line, whose comment it is changes with who is there.
     if (node.Next().Is(NodeKind::kComment) && node.Previous() &&
         node.Previous().End().line == node.Begin().line) {
