@@ -180,6 +180,23 @@ void BringBackRemembered(DocumentState& state, NodeId id) {
   }
 }
 
+/// The gap between two neighbours that were both commented out becomes what it was when the later one comes
+/// back: the earlier one found a comment there.
+void JoinAgain(DocumentState& state, NodeId first, NodeId second) {
+  if (first == kNoNode || second == kNoNode || state.IsComment(first) || state.IsComment(second)) {
+    return;
+  }
+  const Gap gap = GapBehind(state, first);
+  const Remembered* memory = state.memory.Recall({EditMemory::About::kCommented, second});
+  if (memory != nullptr && memory->links[1] == first && ReadGap(state, gap) == memory->texts[3]) {
+    return WriteGap(state, gap, memory->texts[1]);
+  }
+  memory = state.memory.Recall({EditMemory::About::kCommented, first});
+  if (memory != nullptr && memory->links[2] == second && ReadGap(state, gap) == memory->texts[4]) {
+    WriteGap(state, gap, memory->texts[2]);
+  }
+}
+
 void BringBackRead(DocumentState& state, NodeId id, Disabled disabled) {
   const NodeRun run = {disabled.first, disabled.last};
   const std::size_t blanks = disabled.text.find_first_not_of(" \t");
@@ -266,6 +283,8 @@ void BringBackNode(DocumentState& state, NodeId id) {
     }
     BringBackRead(state, id, std::move(*disabled));
   }
+  JoinAgain(state, state.tree[id].previous, id);
+  JoinAgain(state, id, state.tree[id].next);
   state.tree.Note(id);
   state.last_of_key.clear();
   CloseOpenedBlocks(state, state.tree[id].parent);

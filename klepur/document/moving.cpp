@@ -45,13 +45,6 @@ class OffsetsInRun {
   std::vector<SpanBegin> begins_;
 };
 
-/// Whether a node stood between others on a line at this place before.
-bool StoodInLine(const DocumentState& state, NodeId first, Place place) {
-  const Remembered* memory = state.memory.Recall(
-      {EditMemory::About::kMoved, first, place.gap.previous, std::to_string(place.gap.parent)});
-  return memory != nullptr && !HasLineEnd(memory->texts[0]) && !HasLineEnd(memory->texts[1]);
-}
-
 /// Gives the nodes of a tree the addresses that their bytes have in the moved text.
 void Readdress(DocumentState& state, NodeId top, const OffsetsInRun& offsets,
                const Reindented& moved, Address base) {
@@ -97,23 +90,30 @@ Place Without(const DocumentState& state, Place place, const std::vector<NodeId>
   return place;
 }
 
-/// \param stood_there  whether it stood on the line of that block, and so may again.
-Address PutMoved(DocumentState& state, Place place, const Reindented& moved,
-                 const std::string& indent, const Placed& what, bool stood_there) {
-  const NodeId parent = place.gap.parent;
-  const std::string& text = moved.Text();
+/// Whether what is moved needs lines of its own: as it had them when it stood at that place before.
+bool WantsLines(const DocumentState& state, NodeRun run, Place place, std::string_view text,
+                const Placed& what) {
+  const Remembered* memory = state.memory.Recall(
+      {EditMemory::About::kMoved, run.first, place.gap.previous, std::to_string(place.gap.parent)});
+  if (memory != nullptr && memory->nodes.front() == NextOf(state, place.gap)) {
+    return HasLineEnd(memory->texts[0]) || HasLineEnd(memory->texts[1]);
+  }
+  const bool below_comment = place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
+  const bool within = state.tree[run.first].parent == place.gap.parent;
+  return HasLineEnd(text) || text.find('#') != std::string_view::npos || below_comment ||
+         (what.is_block && !within);
+}
+
+Address PutMoved(DocumentState& state, Place place, const std::string& text,
+                 const std::string& indent, const Placed& what) {
   if (!IsMidLine(state, place)) {
     return PutLines(state, place, text, indent, what, !what.key.empty());
   }
   const bool below_comment = place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
-  const bool in_one_line = parent != kRoot && IsOnOneLine(state, parent);
-  if (!HasLineEnd(text) && text.find('#') == std::string::npos && !below_comment &&
-      (stood_there || !in_one_line || !what.is_block)) {
-    return PutInLine(state, place, text);
+  if (HasLineEnd(text) || text.find('#') != std::string::npos || below_comment) {
+    return PutBetweenLines(state, place, text, indent);
   }
-  if (!in_one_line) return PutBetweenLines(state, place, text, indent);
-  OpenOneLineBlock(state, parent);
-  return PutLines(state, place, text, indent, what, !what.key.empty());
+  return PutInLine(state, place, text);
 }
 
 /// Where the run stood between the same neighbours before, the gaps around it become what they were.
@@ -148,15 +148,17 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
     return;
   }
 
-  const Neighbours neighbours(state, place.gap);
-  std::string indent = IndentAt(state, place, neighbours);
   const std::string text = state.text.Read(state.Begin(run.first), state.End(run.last));
-  const OffsetsInRun offsets(state.text.SpansOf(state.Begin(run.first), state.End(run.last)));
+  // Opened before anything is taken out, which may be what shows the step.
+  if (parent != kRoot && IsOnOneLine(state, parent) && WantsLines(state, run, place, text, what)) {
+    OpenOneLineBlock(state, parent);
+  }
+  const std::string indent = IndentAt(state, place, Neighbours(state, place.gap));
   const std::string old_indent = IndentOf(state, run.first);
+  const OffsetsInRun offsets(state.text.SpansOf(state.Begin(run.first), state.End(run.last)));
   TakeOut(state, run);
   const Reindented moved(text, old_indent, indent);
-  const Address address = PutMoved(state, place, moved, indent, what,
-                                   old_parent == parent || StoodInLine(state, run.first, place));
+  const Address address = PutMoved(state, place, moved.Text(), indent, what);
   NodeId previous = place.gap.previous;
   for (const NodeId node : nodes) {
     Readdress(state, node, offsets, moved, address);

@@ -10,13 +10,13 @@ namespace klepur::internal {
 
 /// Throws Error(kBadText) unless a text is one statement.
 void RequireStatementText(std::string_view text);
-void SetValueOf(DocumentState& state, NodeId statement, std::string_view value);
+void SetValueOf(DocumentState& state, NodeId id, std::string_view value);
 void RenameBlock(DocumentState& state, NodeId block, std::string_view name);
 void SetHeaderOf(DocumentState& state, NodeId block, std::string_view header);
 /// The statement of a key in force in a block: the last one; none when there is none.
 NodeId StatementInForce(const DocumentState& state, NodeId block, std::string_view key);
-void AppendToListOf(DocumentState& state, NodeId statement, std::string_view element);
-bool RemoveFromListOf(DocumentState& state, NodeId statement, std::string_view element);
+void AppendToListOf(DocumentState& state, NodeId id, std::string_view element);
+bool RemoveFromListOf(DocumentState& state, NodeId id, std::string_view element);
 
 }  // namespace klepur::internal
 
