@@ -142,8 +142,9 @@ std::optional<Disabled> FindAt(const DocumentState& state, const std::vector<Nod
                                std::size_t begin, std::size_t& budget) {
   const std::string_view first = WithoutMark(state.OwnText(run[begin]), true);
   if (!MayBegin(first)) return std::nullopt;
-  // Most are a few lines, so all the rest of a long run is looked at last.
-  for (std::size_t count = 1;; count *= 8) {
+  // Most are a few lines, so all the rest of a long run is looked at last; but an "else" may be far below.
+  const bool chain = WordOf(NumberOf(FirstWord(first))).begins == Begins::kChain;
+  for (std::size_t count = chain ? run.size() : 1;; count *= 8) {
     const std::size_t end = std::min(run.size(), begin + count);
     const std::string text = Uncommented(state, run, begin, end);
     if (text.size() > budget) return std::nullopt;

@@ -11,7 +11,7 @@ enum class NodeKind : std::uint8_t {
   kBlock,      ///< "host pc1 { ... }": a header, "{", nodes, "}"; a ";" behind that belongs to it.
   kStatement,  ///< "option routers 10.0.0.1;", over one line or several.
   kLabel,      ///< "case 1:", "default:", in a switch.
-  kComment,    ///< From "#" to the end of the line.
+  kComment,    ///< From "#" to the end of the line, without the blanks there.
   kStray,      ///< A "}" or ";" that belongs to nothing.
 };
 

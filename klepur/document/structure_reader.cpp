@@ -170,8 +170,9 @@ void StructureReader::Close(NodeId top) {
 
 void StructureReader::ReadComment() {
   const char* const line_end = FindLineEnd(next_, end_);
-  const bool carriage_return = line_end < end_ && line_end[-1] == '\r';
-  Add(NodeKind::kComment, next_, carriage_return ? line_end - 1 : line_end);
+  const char* text_end = line_end;
+  while (IsBlank(text_end[-1])) --text_end;
+  Add(NodeKind::kComment, next_, text_end);
   next_ = line_end;
 }
 

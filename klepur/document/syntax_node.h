@@ -21,7 +21,7 @@ struct SyntaxNode {
   static constexpr std::uint16_t kFarBrace = 0xFFFF;
 
   Address begin = 0;  ///< Its first byte.
-  Address end = 0;    ///< One past its last byte, which is a blank in comments only.
+  Address end = 0;    ///< One past its last byte, which is never a blank.
   NodeId next = kNoNode;
   NodeId previous = kNoNode;
   NodeId parent = kNoNode;
