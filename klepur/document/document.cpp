@@ -98,6 +98,7 @@ std::vector<Node> Document::FindAll(std::string_view header) const {
               [&](NodeId left, NodeId right) { return offset(left) < offset(right); });
   }
   std::vector<Node> nodes;
+  nodes.reserve(found.size());
   for (const NodeId id : found) nodes.push_back({state_.get(), id});
   return nodes;
 }

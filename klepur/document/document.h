@@ -103,7 +103,7 @@ class KLEPUR_EXPORT Document {
   }
 
  private:
-  Document(std::unique_ptr<internal::DocumentState> state);
+  explicit Document(std::unique_ptr<internal::DocumentState> state);
   void BeginSeries();
   void EndSeries();
   void AbandonSeries() noexcept;

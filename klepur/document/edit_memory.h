@@ -2,10 +2,10 @@
 #ifndef KLEPUR_DOCUMENT_EDIT_MEMORY_H
 #define KLEPUR_DOCUMENT_EDIT_MEMORY_H
 
-#include <compare>
 #include <cstddef>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <klepur/document/syntax_node.h>
@@ -38,7 +38,10 @@ class EditMemory {
     NodeId node;
     NodeId other = kNoNode;
     std::string text = {};
-    auto operator<=>(const Key&) const = default;
+    friend bool operator<(const Key& left, const Key& right) {
+      return std::tie(left.about, left.node, left.other, left.text) <
+             std::tie(right.about, right.node, right.other, right.text);
+    }
   };
 
   void Remember(const Key& key, Remembered what);

@@ -81,7 +81,7 @@ std::string Neighbours::BeforeBrace(std::string_view key) const {
       Nearest(key, [this](NodeId id) { return !Holds(id) && !IsOnOneLine(state_, id); });
   if (nearest == kNoNode) nearest = place_.parent == kRoot ? kNoNode : place_.parent;
   if (nearest == kNoNode) return " ";
-  const std::string gap = HeaderGap(state_, nearest);
+  std::string gap = HeaderGap(state_, nearest);
   if (!HasLineEnd(gap)) return gap;
   const std::string indent = IndentOf(state_, nearest);
   const std::string_view brace_indent = LastLine(gap);

@@ -53,9 +53,10 @@ void OpenOneLineBlock(DocumentState& state, NodeId block) {
   Remembered gaps = GapsOf(state, block);
   const std::vector<NodeId> children = gaps.nodes;
   state.memory.Remember({EditMemory::About::kOneLine, block}, std::move(gaps));
+  const std::string new_line = line_end + indent + step;
   NodeId previous = kNoNode;
   for (const NodeId child : children) {
-    WriteGap(state, {block, previous}, line_end + indent + step);
+    WriteGap(state, {block, previous}, new_line);
     previous = child;
   }
   WriteGap(state, {block, previous}, line_end + indent);

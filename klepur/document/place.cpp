@@ -151,7 +151,7 @@ std::string BlanksInLine(const DocumentState& state, Gap gap) {
   for (NodeId id = state.tree.FirstChild(gap.parent), count = 0;
        id != kNoNode && state.tree[id].next != kNoNode && count < kSiblingsToAsk;
        id = state.tree[id].next, ++count) {
-    const std::string blanks = ReadGap(state, {gap.parent, id});
+    std::string blanks = ReadGap(state, {gap.parent, id});
     if (!HasLineEnd(blanks) && !state.IsComment(state.tree[id].next)) return blanks;
   }
   return " ";

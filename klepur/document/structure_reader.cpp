@@ -190,8 +190,11 @@ void StructureReader::ReadStatement() {
       case ';':
         return AddStatement(start, at + 1, braces != 0, open_quote);
       case '{':
-        if (braces == 0 && (comment || !IsPlainHeader(start, at))) so_far.AdvanceTo(at);
-        if (braces == 0 && !so_far.WantsValue()) return OpenBlock(start, at, open_quote);
+        if (braces == 0) {
+          if (!comment && IsPlainHeader(start, at)) return OpenBlock(start, at, open_quote);
+          so_far.AdvanceTo(at);
+          if (!so_far.WantsValue()) return OpenBlock(start, at, open_quote);
+        }
         ++braces;
         ++at;
         break;

@@ -3,7 +3,6 @@
 
 #include <sys/mman.h>
 
-#include <algorithm>
 #include <atomic>
 #include <cstdint>
 
@@ -124,10 +123,17 @@ void ObjectMemory::BeginSegment() {
   segmentEnd_ += kSegmentSize;
 }
 
-/// Begins a chunk with its first segment. Pages that objects have not reached cost nothing, but of a
-/// huge one all is there at once: the last chunks are no such pages.
+/// Whether the next chunk is to be a huge page. Usual pages that objects do not reach cost nothing,
+/// but of a huge one all is there at once. So one is wanted if it will be filled, or if it is little
+/// beside what there is.
+bool ObjectMemory::WantsPage() const noexcept {
+  constexpr std::size_t kMuch = 32 * kPageSize;
+  return expected_ != 0 && (taken_ + kPageSize <= expected_ || taken_ >= kMuch);
+}
+
+/// Begins a chunk with its first segment.
 void ObjectMemory::BeginChunk() {
-  void* memory = expected_ >= kPageSize ? TakePage() : nullptr;
+  void* memory = WantsPage() ? TakePage() : nullptr;
   const bool isPage = memory != nullptr;
   const std::size_t size = isPage ? kPageSize : kChunkSize;
   if (!isPage) memory = ::operator new(size);
@@ -139,7 +145,7 @@ void ObjectMemory::BeginChunk() {
   next_ = segment + kFirstOffset;
   segmentEnd_ = segment + kSegmentSize;
   chunkEnd_ = static_cast<char*>(memory) + size;
-  expected_ -= std::min(expected_, size);
+  taken_ += size;
 }
 
 /// From now on the chunk is held by its objects alone.

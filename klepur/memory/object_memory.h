@@ -26,8 +26,12 @@ class ObjectMemory {
   /// The objects live on.
   ~ObjectMemory();
 
-  /// Objects of about so many bytes more will be made. Nothing but time and memory depends on it.
-  void Expect(std::size_t bytes) noexcept { expected_ = bytes; }
+  /// Objects of so many bytes, and perhaps more, will be made from now on and not be freed at once;
+  /// 0 when that is not known. Nothing but time and memory depends on it.
+  void Expect(std::size_t bytes) noexcept {
+    expected_ = bytes;
+    taken_ = 0;
+  }
 
   /// Makes an object of a class derived from MadeAnywhere.
   template <class Object, class... Arguments>
@@ -51,9 +55,11 @@ class ObjectMemory {
   void* Take(std::size_t size);
   void BeginSegment();
   void BeginChunk();
+  bool WantsPage() const noexcept;
   void LeaveChunk() noexcept;
 
-  std::size_t expected_ = 0;    // how many bytes more, the chunk's left out
+  std::size_t expected_ = 0;    // how many bytes of objects
+  std::size_t taken_ = 0;       // how many bytes of chunks since then
   Chunk* chunk_ = nullptr;      // the one in which objects are made
   std::size_t made_ = 0;        // how many in it
   char* next_ = nullptr;        // where the next one stands
