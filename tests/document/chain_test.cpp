@@ -460,5 +460,19 @@ TEST_P(Chain, OfManyLinesIsDisabledAsAWhole) {
   EXPECT_EQ(Text(), First());
 }
 
+TEST_P(Chain, OfAnyNumberOfLinesIsDisabledAsAWhole) {
+  for (int lines = 0; lines != 40; ++lines) {
+    std::string text = "if known {\n";
+    for (int i = 0; i != lines; ++i) text += "  filename \"a\";\n";
+    Given(text + "}\nelse {\n}\n# prose\nauthoritative;\n");
+    Node chain = Root().Child("if");
+    chain.CommentOut();
+    EXPECT_NE(chain.DisabledText().find("else"), std::string::npos) << lines;
+    EXPECT_EQ(Root().Child("authoritative").Comments().size(), 1U) << lines;
+    chain.BringBack();
+    EXPECT_EQ(Text(), First()) << lines;
+  }
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -466,5 +466,22 @@ TEST_P(CommentingOut, DisabledStatementStaysOneWhenWhatOpenedItsBlockGoes) {
   EXPECT_EQ(Text(), First());
 }
 
+TEST_P(CommentingOut, StatementsAndBlocksWithBlanksBehindThem) {
+  Given(
+      "max-lease-time 600; \n"
+      "host a { \t\n"
+      "  fixed-address 10.0.0.1;  \n"
+      "} \n"
+      "authoritative;\t# one \t\n");
+  for (const char* const keyword : {"max-lease-time", "host", "authoritative"}) {
+    Node node = Root().Child(keyword);
+    Edit([&] { node.CommentOut(); });
+    EXPECT_TRUE(node.IsDisabled()) << keyword;
+    EXPECT_NE(Text(), First());
+    Edit([&] { node.BringBack(); });
+    EXPECT_EQ(Text(), First()) << keyword;
+  }
+}
+
 }  // namespace
 }  // namespace klepur::test

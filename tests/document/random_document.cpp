@@ -72,7 +72,7 @@ class Writer {
   std::string Mark() { return chance_.OneIn(4) ? "#" : "# "; }
 
   std::string Trailing() {
-    if (!chance_.OneIn(comments_)) return "";
+    if (!chance_.OneIn(comments_)) return chance_.OneIn(15) ? " " : "";
     return std::string(chance_.Between(1, 4), chance_.OneIn(5) ? '\t' : ' ') + Mark() +
            chance_.Pick(Prose());
   }
