@@ -1,7 +1,7 @@
 // Edits a configuration file as it is written: a printer moves to another address, a new one is added
 // beside it, and a third is commented out. Every other line stays as it is.
 //
-//     edit_document FILE    FILE holds hosts printer1 and printer3, as data/printers.conf does
+//     edit_document FILE    FILE holds hosts printer1 and printer3, as documents/printers.conf does
 #include <klepur/klepur.h>
 
 #include <cstdlib>

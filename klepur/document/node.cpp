@@ -95,6 +95,10 @@ Node Node::Previous() const {
   return IsGone() ? Node() : NodeAccess::OrNone(state_, state_->tree[id_].previous);
 }
 
+NodeRange Node::Children() const {
+  return NodeRange(FirstChild());
+}
+
 Node Node::Child(std::string_view keyword) const {
   const std::string key = internal::NormalKey(keyword);
   for (const Node& child : Children()) {

@@ -200,10 +200,6 @@ class KLEPUR_EXPORT NodeRange {
   Node first_;
 };
 
-inline NodeRange Node::Children() const {
-  return NodeRange(FirstChild());
-}
-
 }  // namespace klepur
 
 #endif
