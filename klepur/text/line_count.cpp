@@ -65,15 +65,15 @@ std::size_t LineCount::OffsetOfLine(std::size_t linesBefore) const {
 }
 
 const std::vector<std::uint32_t>& LineCount::Counts() const {
-  std::call_once(counted_, [this] {
-    std::vector<std::uint32_t> counts;
-    counts.reserve(text_.size() / kPiece + 1);
-    counts.push_back(0);
-    for (std::size_t end = kPiece; end <= text_.size(); end += kPiece) {
-      counts.push_back(counts.back() + static_cast<std::uint32_t>(CountIn(end - kPiece, end)));
-    }
-    counts_ = std::move(counts);
-  });
+  const std::lock_guard<std::mutex> lock(counting_);
+  if (!counts_.empty()) return counts_;
+  std::vector<std::uint32_t> counts;
+  counts.reserve(text_.size() / kPiece + 1);
+  counts.push_back(0);
+  for (std::size_t end = kPiece; end <= text_.size(); end += kPiece) {
+    counts.push_back(counts.back() + static_cast<std::uint32_t>(CountIn(end - kPiece, end)));
+  }
+  counts_ = std::move(counts);
   return counts_;
 }
 

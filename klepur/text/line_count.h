@@ -47,8 +47,9 @@ class LineCount {
   std::size_t CountIn(std::size_t from, std::size_t to) const;
 
   std::string_view text_;
-  mutable std::once_flag counted_;
-  mutable std::vector<std::uint32_t> counts_;  // of LF before each piece
+  // No call_once: the thread sanitizer waits forever for one that threw.
+  mutable std::mutex counting_;
+  mutable std::vector<std::uint32_t> counts_;  // of LF before each piece; empty until asked for
 };
 
 }  // namespace klepur::internal
