@@ -1,0 +1,7 @@
+#include <tool/guard.h>
+
+namespace klepur::tool {
+
+void RefuseNewErrors(EditedFile&) {}
+
+}  // namespace klepur::tool
