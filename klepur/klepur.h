@@ -26,5 +26,6 @@
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>
 #include <klepur/parser/dhcp_parser.h>
+#include <klepur/rewrite/rewrite_losses.h>
 
 #endif
