@@ -24,25 +24,24 @@ enum class Form : std::uint8_t { kBlock, kStatement, kEither };
 struct Declaration {
   std::string_view keyword;
   Form form;
-  bool gives;
+  OrderRole role;
   std::string_view thing;
   std::size_t name;
 };
 
 constexpr Declaration kDeclarations[] = {
-    {"class", Form::kBlock, true, "class", 1},
-    {"subclass", Form::kEither, false, "class", 1},
-    {"vendor-class", Form::kEither, false, "class", 1},
-    {"user-class", Form::kEither, false, "class", 1},
-    {"key", Form::kBlock, true, "key", 1},
-    {"key", Form::kStatement, false, "key", 1},
-    {"omapi-key", Form::kStatement, false, "key", 1},
-    {"zone", Form::kBlock, true, "zone", 1},
-    {"failover", Form::kBlock, true, "peer", 2},
-    {"failover", Form::kStatement, false, "peer", 2},
-    {"group", Form::kBlock, true, "group", 1},
-    {"group", Form::kStatement, false, "group", 1},
-    {"hardware", Form::kStatement, true, "hardware", 2},
+    {"class", Form::kBlock, OrderRole::kSets, "class", 1},
+    {"subclass", Form::kEither, OrderRole::kUses, "class", 1},
+    {"vendor-class", Form::kEither, OrderRole::kUses, "class", 1},
+    {"user-class", Form::kEither, OrderRole::kUses, "class", 1},
+    {"key", Form::kBlock, OrderRole::kSets, "key", 1},
+    {"key", Form::kStatement, OrderRole::kUses, "key", 1},
+    {"omapi-key", Form::kStatement, OrderRole::kUses, "key", 1},
+    {"zone", Form::kBlock, OrderRole::kSets, "zone", 1},
+    {"failover", Form::kBlock, OrderRole::kSets, "peer", 2},
+    {"failover", Form::kStatement, OrderRole::kUses, "peer", 2},
+    {"group", Form::kBlock, OrderRole::kSets, "group", 1},
+    {"group", Form::kStatement, OrderRole::kUses, "group", 1},
 };
 
 std::string Small(std::string_view word) {
@@ -101,7 +100,7 @@ class NamesOfNode {
       AddCarriedOut();
       AddVariables();
     }
-    if (all_.IsInSwitch(id_)) Add(In(state_.tree[id_].parent, "switch"), true);
+    if (all_.IsInSwitch(id_)) Add(In(state_.tree[id_].parent, "switch"), OrderRole::kSets);
     return std::move(names_);
   }
 
@@ -109,22 +108,22 @@ class NamesOfNode {
   bool IsBlock() const { return state_.IsBlock(id_); }
   NodeId Scope() const { return all_.ScopeAround(id_); }
 
-  void Add(std::string thing, bool gives) { names_.push_back({std::move(thing), gives}); }
+  void Add(std::string thing, OrderRole role) { names_.push_back({std::move(thing), role}); }
   /// What an included file could declare too, or refer to.
-  void AddDeclaration(std::string thing, bool gives) {
-    Add(std::move(thing), gives);
-    if (all_.includes_) Add("include", false);
+  void AddDeclaration(std::string thing, OrderRole role) {
+    Add(std::move(thing), role);
+    if (all_.includes_) Add("include", OrderRole::kUses);
   }
 
   void AddDeclared() {
     for (const Declaration& row : kDeclarations) {
       if (row.form != Form::kEither && (row.form == Form::kBlock) != IsBlock()) continue;
       if (!Is(words_, 0, row.keyword) || words_.size() <= row.name) continue;
-      AddDeclaration(Thing(row.thing, Small(words_[row.name])), row.gives);
+      AddDeclaration(Thing(row.thing, Small(words_[row.name])), row.role);
     }
     if (!Is(words_, 0, "allow") && !Is(words_, 0, "deny")) return;
     if (Is(words_, 1, "members") && words_.size() > 3) {
-      AddDeclaration(Thing("class", Small(words_[3])), false);
+      AddDeclaration(Thing("class", Small(words_[3])), OrderRole::kUses);
     }
   }
 
@@ -134,40 +133,40 @@ class NamesOfNode {
       const std::string name = Small(words_[i + 1]);
       const bool defines = i == 0 && Is(words_, 2, "code");
       if (i == 0 && name == "space" && words_.size() > 2) {
-        AddDeclaration(Thing("space", Small(words_[2])), true);
+        AddDeclaration(Thing("space", Small(words_[2])), OrderRole::kSets);
       } else if (defines || all_.options_.count(name) != 0) {
-        AddDeclaration(Thing("definition", name), defines);
+        AddDeclaration(Thing("definition", name), defines ? OrderRole::kSets : OrderRole::kUses);
         if (const std::size_t dot = name.find('.'); dot != std::string::npos && defines) {
-          Add(Thing("space", name.substr(0, dot)), false);
+          Add(Thing("space", name.substr(0, dot)), OrderRole::kUses);
         }
       }
       if (Is(words_, i, "config-option") && HasBranches()) {
-        Add(In(Scope(), "value", Thing("option", name)), false);
+        Add(In(Scope(), "value", Thing("option", name)), OrderRole::kUses);
       }
     }
     for (std::size_t i = 3; i + 1 < words_.size(); ++i) {
-      if (Is(words_, i, "encapsulate")) Add(Thing("space", Small(words_[i + 1])), false);
+      if (Is(words_, i, "encapsulate")) Add(Thing("space", Small(words_[i + 1])), OrderRole::kUses);
     }
   }
 
   void AddNetworks() {
     const bool subnet = Is(words_, 0, "subnet") || Is(words_, 0, "subnet6");
     if (IsBlock() && (subnet || Is(words_, 0, "shared-network"))) {
-      if (all_.includes_) Add("include", false);
+      if (all_.includes_) Add("include", OrderRole::kUses);
       AddAuthorities();
     }
-    if (IsAuthority(words_)) Add(In(state_.tree[id_].parent, "authority"), true);
+    if (IsAuthority(words_)) Add(In(state_.tree[id_].parent, "authority"), OrderRole::kSets);
     const bool pool = Is(words_, 0, "pool") || Is(words_, 0, "pool6") || Is(words_, 0, "range");
     if (!subnet && !pool) return;
     if (const NodeId network = SharedNetwork(); network != kNoNode) {
-      Add(In(network, "subnet"), subnet);
+      Add(In(network, "subnet"), subnet ? OrderRole::kEnables : OrderRole::kUses);
     }
   }
 
   void AddAuthorities() {
     NodeId block = state_.tree[id_].parent;
     for (int level = 0; level != kMostLevels && !all_.authorities_.empty(); ++level) {
-      if (all_.authorities_.count(block) != 0) Add(In(block, "authority"), false);
+      if (all_.authorities_.count(block) != 0) Add(In(block, "authority"), OrderRole::kUses);
       if (block == kRoot) break;
       block = state_.tree[block].parent;
     }
@@ -186,27 +185,36 @@ class NamesOfNode {
   }
 
   void AddInclude() {
-    if (Is(words_, 0, "include")) Add("include", true);
+    if (Is(words_, 0, "include")) Add("include", OrderRole::kSets);
   }
 
   bool HasBranches() const { return all_.branching_.count(Scope()) != 0 || Scope() == kClasses; }
 
   void AddValue() {
-    if (!HasBranches() || words_.empty()) return;
-    Add(In(Scope(), "value", KeyOfValue(state_.OwnText(id_), words_)), true);
-    if (all_.includes_) Add("include", false);
+    if (Is(words_, 0, "hardware") && words_.size() > 2) {
+      Add(Thing("hardware", Small(words_[2])), OrderRole::kSets);
+    }
+    if (!HasBranches() || words_.empty() || IsOfOneClass()) return;
+    Add(In(Scope(), "value", KeyOfValue(state_.OwnText(id_), words_)), OrderRole::kSets);
+    if (all_.includes_) Add("include", OrderRole::kUses);
+  }
+
+  /// Whether a statement says what a class is, not what its clients get.
+  bool IsOfOneClass() const {
+    return Is(words_, 0, "match") || Is(words_, 0, "spawn") || Is(words_, 0, "lease");
   }
 
   void AddCarriedOut() {
     if (Is(words_, 0, "on")) {
       for (std::size_t i = 1; i < words_.size(); i += 2)
-        Add(In(Scope(), "on", Small(words_[i])), true);
+        Add(In(Scope(), "on", Small(words_[i])), OrderRole::kSets);
     }
     if (Is(words_, 0, "log") || Is(words_, 0, "execute") || Is(words_, 0, "add")) {
-      Add(In(Scope(), "doing"), true);
+      Add(In(Scope(), "doing"), OrderRole::kSets);
     }
     if (all_.breaking_.count(Scope()) != 0) {
-      Add(In(Scope(), "flow"), Is(words_, 0, "break") && !all_.IsInSwitch(id_));
+      const bool breaks = Is(words_, 0, "break") && !all_.IsInSwitch(id_);
+      Add(In(Scope(), "flow"), breaks ? OrderRole::kSets : OrderRole::kUses);
     }
   }
 
@@ -215,7 +223,8 @@ class NamesOfNode {
     const bool sets = SetsVariable(words_);
     for (std::size_t i = 0; i != words_.size(); ++i) {
       const std::string name = Small(words_[i]);
-      if (all_.variables_.count(name) != 0) Add(In(Scope(), "variable", name), sets && i == 1);
+      if (all_.variables_.count(name) != 0)
+        Add(In(Scope(), "variable", name), sets && i == 1 ? OrderRole::kSets : OrderRole::kUses);
     }
   }
 

@@ -2,6 +2,7 @@
 #ifndef KLEPUR_REWRITE_ORDER_NAMES_H
 #define KLEPUR_REWRITE_ORDER_NAMES_H
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -11,12 +12,17 @@
 
 namespace klepur::internal {
 
-/// A statement or block gives a thing its meaning or has to do with it. Of two that have to do with the same
-/// thing the order counts when one of them gives it its meaning.
+/// What a statement or block has to do with a thing.
+enum class OrderRole : std::uint8_t {
+  kUses,     ///< Must stand on its side of those that give the thing its meaning.
+  kEnables,  ///< Gives it its meaning, as do others in whatever order.
+  kSets,     ///< Gives it a meaning in place of what others gave it.
+};
+
 struct OrderName {
   std::string
       thing;  ///< `class printers`, `value option routers 17`: comparable, for nobody to read.
-  bool gives;
+  OrderRole role;
 };
 
 /// - What is referred to stands before the reference: classes, keys, zones, failover peers, named groups,

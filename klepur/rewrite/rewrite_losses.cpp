@@ -137,17 +137,19 @@ class LossFinder {
 
   /// Of the nodes so far that have to do with a thing, those that are written last.
   struct LastWritten {
-    NodeId any = kNoNode;
-    NodeId giving = kNoNode;
+    NodeId user = kNoNode;
+    NodeId giver = kNoNode;
   };
 
   void CheckName(NodeId id, const OrderName& name, LastWritten& last) {
-    const NodeId other = name.gives ? last.any : last.giving;
-    if (other != kNoNode && images_.IsWrittenBefore(id, other)) {
-      Tell({id, Reason::kOrder, Severity::kError, other});
-    }
-    KeepLast(id, last.any);
-    if (name.gives) KeepLast(id, last.giving);
+    if (name.role != OrderRole::kEnables) CheckBehind(id, last.giver);
+    if (name.role != OrderRole::kUses) CheckBehind(id, last.user);
+    KeepLast(id, name.role == OrderRole::kUses ? last.user : last.giver);
+  }
+
+  void CheckBehind(NodeId id, NodeId other) {
+    if (other == kNoNode || !images_.IsWrittenBefore(id, other)) return;
+    Tell({id, Reason::kOrder, Severity::kError, other});
   }
 
   void KeepLast(NodeId id, NodeId& last) const {

@@ -49,6 +49,8 @@ TEST(RewriteOrder, CountsWhereItHasAMeaning) {
        "4 behind 2"},
       {"subnet on one line", "shared-network n {\n  pool {\n  }\n  subnet s { x 1; }\n}\n",
        "4 behind 2"},
+      {"subnets of a shared network",
+       "shared-network n {\n  subnet s {\n  }\n  subnet t { range r; }\n}\n", ""},
       {"pool in a subnet", "subnet s {\n  pool {\n    range r;\n  }\n  range r;\n}\n", ""},
       {"authority behind a subnet", "subnet s {\n}\nauthoritative;\n", "3 behind 1"},
       {"authority behind a subnet of a group",
@@ -68,6 +70,8 @@ TEST(RewriteOrder, CountsWhereItHasAMeaning) {
       {"value behind a host", "host a {\n  a 1;\n}\na 2;\n", ""},
       {"value of a class behind one",
        "class \"c\" {\n  a 1;\n}\nclass \"d\" { match if x; a 2; }\n", "4 behind 2"},
+      {"what a class is",
+       "class \"c\" {\n  match if x;\n}\nclass \"d\" { match if y; lease limit 1; }\n", ""},
       {"same hardware",
        "host a {\n  hardware ethernet 1:2;\n}\nhost b { hardware ethernet 1:2; }\n", "4 behind 2"},
 
@@ -92,6 +96,7 @@ TEST(RewriteOrder, CountsWhereItHasAMeaning) {
       {"include behind a class", "class \"c\" {\n}\ninclude \"f\";\n", "3 behind 1"},
       {"include behind a subnet", "subnet s {\n}\ninclude \"f\";\n", "3 behind 1"},
       {"include behind a host", "host h {\n  fixed-address 10.0.0.1;\n}\ninclude \"f\";\n", ""},
+      {"include behind hardware", "host h {\n  hardware ethernet 1:2;\n}\ninclude \"f\";\n", ""},
       {"include before a class", "include \"f\";\nclass \"c\" {\n}\n", ""},
   };
   for (const auto& row : kRows) {
