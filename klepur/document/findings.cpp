@@ -19,12 +19,14 @@ class Collector {
  public:
   explicit Collector(const DocumentState& state) : state_(state) {}
 
-  std::vector<Finding> Collect() {
+  std::vector<NodeFinding> Collect() {
     LookAtStart();
     for (NodeId id = state_.tree.NextInOrder(kRoot, kRoot); id != kNoNode;
          id = state_.tree.NextInOrder(id, kRoot)) {
+      about_ = id;
       LookAt(id);
     }
+    about_ = kRoot;
     LookForNuls();
     std::stable_sort(
         findings_.begin(), findings_.end(),
@@ -36,7 +38,7 @@ class Collector {
   void Add(FindingCode code, PieceText::Edge where, std::string message,
            Severity severity = Severity::kError) {
     findings_.push_back(
-        {code, severity, state_.positions.Of(state_.text, where), std::move(message)});
+        {{code, severity, state_.positions.Of(state_.text, where), std::move(message)}, about_});
   }
 
   PieceText::Edge At(NodeId id, std::size_t offset) const {
@@ -203,12 +205,13 @@ class Collector {
 
   const DocumentState& state_;
   NodeId last_ = kRoot;
-  std::vector<Finding> findings_;
+  std::vector<NodeFinding> findings_;
+  NodeId about_ = kRoot;
 };
 
 }  // namespace
 
-std::vector<Finding> FindingsOf(const DocumentState& state) {
+std::vector<NodeFinding> FindingsOf(const DocumentState& state) {
   return Collector(state).Collect();
 }
 
