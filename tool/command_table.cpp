@@ -188,11 +188,79 @@ std::vector<Command> EditingCommands() {
 }
 
 std::vector<Command> FileCommands() {
-  return {};
+  return {
+      {"check",
+       "what is wrong with files, and where",
+       "Prints the findings as FILE:LINE:COLUMN: SEVERITY: SENTENCE [RULE]. A comment in the file such as "
+       "`# klepur: allow duplicate-hardware-address` silences a rule for what stands below it.",
+       {{"FILE", "the configuration files; - for standard input", Offer::kFile, false, true}},
+       Both({{"fail-on", 0, "SEVERITY", "the least severity that makes the exit status 1: error, unless told "
+                                        "otherwise, warning or note", Offer::kChoice, "error warning note"},
+             {"off", 0, "RULES", "rules not to apply, with commas between"},
+             {"rewrite", 0, "", "what programs that rewrite the file with klepur's configuration classes would "
+                                "change in its meaning instead"},
+             {"as", 0, "PATH", "what to call FILE in the findings, where it is - or stands for another", Offer::kFile},
+             {"server", 0, "PATH", "also ask the DHCP server's own check: --server /usr/sbin/dhcpd", Offer::kFile}},
+            Printing()),
+       {{"klepur check dhcpd.conf", "the errors, warnings and notes"},
+        {"klepur check --as dhcpd.conf --fail-on warning - < dhcpd.conf", "as an editor asks, for text not yet saved"}},
+       RunCheck},
+      {"format",
+       "give whole files one layout",
+       "A statement a line, a step of indentation a block, one blank between words, at most one empty line. Comments "
+       "stay where they belong, and blocks of statements on one line stay on it if they fit in 100 columns.",
+       {{"FILE", "the configuration files; - for standard input", Offer::kFile, false, true}},
+       Both({{"check", 0, "", "change nothing, and print the files that would change"},
+             {"indent", 0, "STEP", "a step of indentation: tab, unless told otherwise, or 2, 4 or 8 blanks",
+              Offer::kChoice, "tab 2 4 8"}},
+            Saving()),
+       {{"klepur format --dry-run dhcpd.conf", "what would change"},
+        {"klepur format --check dhcpd.conf", "whether something would"}},
+       RunFormat},
+      {"diff",
+       "what differs in meaning between two files",
+       "Tells the blocks and statements that were added, removed, changed or moved, whatever the layout and "
+       "the comments are. The exit status is 1 when there are differences.",
+       {{"OLD", "the file as it was; - for standard input", Offer::kFile},
+        {"NEW", "the file as it is", Offer::kFile}},
+       Printing(),
+       {{"klepur diff dhcpd.conf.old dhcpd.conf", "from the old file to the new one"}},
+       RunDiff},
+      {"leases",
+       "the records of a leases file",
+       "Of a DHCPv4 or DHCPv6 server, in the order of the file: a server writes a new record for each change, and the last "
+       "one of an address counts. Times are as the file has them, in UTC unless the server was told otherwise.",
+       {{"FILE", "the leases file", Offer::kFile}},
+       Printing(),
+       {{"klepur leases dhcpd.leases", "address, state, times, client and name"}},
+       RunLeases},
+  };
 }
 
 std::vector<Command> OtherCommands() {
   return {
+      {"words",
+       "the words of the configuration language",
+       "Statements, options and declarations: what each is for, what follows it, where it may stand, and which server "
+       "makes use of it.",
+       {{"WORD", "only these words, or those that contain them", Offer::kNothing, true, true}},
+       Printing(),
+       {{"klepur words lease-time", "what there is about lease times"}},
+       RunWords},
+      {"completion",
+       "the completion script of a shell",
+       "",
+       {{"SHELL", "bash, zsh or fish", Offer::kChoice, false, false, "bash zsh fish"}},
+       {},
+       {{"klepur completion bash", "to be read by bash: . <(klepur completion bash)"}},
+       RunCompletion},
+      {"manual",
+       "the manual page, as text for scdoc",
+       "",
+       {},
+       {},
+       {{"klepur manual", "the source of klepur(1)"}},
+       RunManual},
       {"help",
        "how to use a command",
        "",
