@@ -122,7 +122,8 @@ std::vector<DisabledNode> DisabledBelow(const Node& block) {
 
 Node BlockFinder::AtLine(std::string_view number) const {
   const auto line = NumberIn(number);
-  if (!line || *line == 0) ThrowNotABlock(fmt::format("@{}", number), "a line's number follows '@'");
+  if (!line || *line == 0)
+    ThrowNotABlock(fmt::format("@{}", number), "a line's number follows '@'");
   const Node node = document_->At(*line);
   if (!node || node.Is(NodeKind::kFile)) {
     throw Problem(ExitStatus::kNothing, fmt::format("there is nothing on line {}", *line));
@@ -133,7 +134,8 @@ Node BlockFinder::AtLine(std::string_view number) const {
 /// The blocks of a step anywhere in the file, found without a walk where that is possible.
 std::vector<Node> BlockFinder::ByName(const Step& step) const {
   std::vector<Node> found;
-  if (!step.name.empty()) found = document_->FindAll(fmt::format("{} {}", step.kind, Quoted(step.name)));
+  if (!step.name.empty())
+    found = document_->FindAll(fmt::format("{} {}", step.kind, Quoted(step.name)));
   if (!found.empty() || !step.IsSubnet()) return found;
   const auto prefix = NetworkIn(step.name);
   const auto address = prefix ? prefix->GetAddress() : Address::ParseLenient(step.name);
@@ -144,7 +146,8 @@ std::vector<Node> BlockFinder::ByName(const Step& step) const {
   return Sorted(std::move(found));
 }
 
-std::vector<Node> BlockFinder::Candidates(const Step& step, const Node& scope, bool patterns) const {
+std::vector<Node> BlockFinder::Candidates(const Step& step, const Node& scope,
+                                          bool patterns) const {
   const bool pattern = patterns && IsPattern(step.name);
   const bool everywhere = scope.Is(NodeKind::kFile);
   std::vector<Node> found;
@@ -215,7 +218,8 @@ DisabledNode BlockFinder::OneDisabled(std::string_view block) const {
   if (!block.empty() && block.front() == '@') {
     const Node node = AtLine(block.substr(1));
     for (const DisabledNode& each : DisabledBelow(node.Parent())) {
-      const std::size_t lines = static_cast<std::size_t>(std::count(each.text.begin(), each.text.end(), '\n'));
+      const std::size_t lines =
+          static_cast<std::size_t>(std::count(each.text.begin(), each.text.end(), '\n'));
       const std::size_t first = each.comment.Begin().line;
       const std::size_t line = node.Begin().line;
       if (line >= first && line <= first + lines) found.push_back(each);
@@ -238,7 +242,8 @@ DisabledNode BlockFinder::OneDisabled(std::string_view block) const {
     }
   }
   if (found.empty()) {
-    throw Problem(ExitStatus::kNothing, fmt::format("nothing that is disabled is called '{}'", block));
+    throw Problem(ExitStatus::kNothing,
+                  fmt::format("nothing that is disabled is called '{}'", block));
   }
   if (found.size() > 1) {
     std::string message = fmt::format("{} disabled blocks are called '{}':", found.size(), block);
@@ -276,7 +281,7 @@ void BlockFinder::ThrowNone(std::string_view block) const {
   }
   if (count > 0) message.insert(message.find('\n'), "; near it are:");
   if (count > kMostCandidates) message += fmt::format("\n  and {} more", count - kMostCandidates);
-  if (count == 0 && IsPattern(step.name)) message += "; a pattern names blocks with --all";
+  if (IsPattern(step.name)) message += "\n  (a pattern is taken for one with --all)";
   throw Problem(ExitStatus::kNothing, message);
 }
 

@@ -23,7 +23,8 @@ std::string HardwareText(const std::string& value) {
 }
 
 bool IsIdentifier(const std::string& keyword) {
-  return keyword == "uid" || keyword == "host-identifier" || keyword == "option dhcp-client-identifier";
+  return keyword == "uid" || keyword == "host-identifier" ||
+         keyword == "option dhcp-client-identifier";
 }
 
 bool HasAddresses(const std::string& keyword) {
@@ -39,9 +40,11 @@ std::optional<Address> AddressIn(const std::string& element) {
 void NoteStatement(const Node& statement, BlockInfo& info, Detail detail) {
   const std::string keyword = statement.Keyword();
   if (keyword == "hardware") info.identity = HardwareText(statement.Value());
-  if (IsIdentifier(keyword) && info.identity.empty()) info.identity = OneLine(Plain(statement.Value()));
+  if (IsIdentifier(keyword) && info.identity.empty())
+    info.identity = OneLine(Plain(statement.Value()));
   if (HasAddresses(keyword)) {
-    for (const std::string& element : ElementsOf(statement)) info.addresses.push_back(OneLine(element));
+    for (const std::string& element : ElementsOf(statement))
+      info.addresses.push_back(OneLine(element));
   }
   if (detail == Detail::kStatements) {
     info.statements.push_back(Record()
@@ -135,7 +138,8 @@ std::vector<BlockInfo> AllBlocks(const Document& document, Detail detail) {
     info.in = in.path;
     info.line = node.Begin().line;
     info.depth = depth;
-    std::string path = in.path.empty() ? names.Step(node) : in.path + std::string(kStep) + names.Step(node);
+    std::string path =
+        in.path.empty() ? names.Step(node) : in.path + std::string(kStep) + names.Step(node);
     blocks.push_back(std::move(info));
     around.push_back({node, std::move(path), DisabledBelow(node), 0});
   }

@@ -16,10 +16,10 @@
 namespace klepur::tool {
 
 struct BlockInfo {
-  std::string kind;                    ///< "host", "subnet", "pool"
-  std::string name;                    ///< "pc-17", "10.20.0.0/24", empty
-  std::string header;                  ///< as it is written, on one line
-  std::string identity;                ///< what a host is recognised by: its hardware address or identifier
+  std::string kind;      ///< "host", "subnet", "pool"
+  std::string name;      ///< "pc-17", "10.20.0.0/24", empty
+  std::string header;    ///< as it is written, on one line
+  std::string identity;  ///< what a host is recognised by: its hardware address or identifier
   std::vector<std::string> addresses;  ///< a host's fixed addresses; ranges of a subnet or pool
   std::string in;                      ///< the path of what is around it
   std::size_t line = 0;

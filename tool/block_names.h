@@ -35,7 +35,8 @@ class BlockNames {
 
   const Document* document_;
   bool is_counted_ = false;
-  std::unordered_map<std::size_t, std::size_t> numbers_;  // of blocks without a name, by their offset
+  std::unordered_map<std::size_t, std::size_t>
+      numbers_;  // of blocks without a name, by their offset
 };
 
 }  // namespace klepur::tool

@@ -20,7 +20,7 @@ struct Argument {
   std::string_view help;
   Offer offer = Offer::kNothing;
   bool optional = false;
-  bool repeated = false;  ///< Of the last one: any number of them.
+  bool repeated = false;          ///< Of the last one: any number of them.
   std::string_view choices = {};  ///< For kChoice: words with a blank between.
 };
 

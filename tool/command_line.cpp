@@ -1,7 +1,7 @@
 #include <tool/command_line.h>
 
-#include <CLI/CLI.hpp>
 #include <fmt/core.h>
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <deque>

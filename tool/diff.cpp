@@ -12,10 +12,14 @@ namespace {
 
 Style StyleOf(Difference::Kind kind) {
   switch (kind) {
-    case Difference::Kind::kAdded: return Style::kGood;
-    case Difference::Kind::kRemoved: return Style::kBad;
-    case Difference::Kind::kChanged: return Style::kWarning;
-    case Difference::Kind::kMoved: return Style::kPlace;
+    case Difference::Kind::kAdded:
+      return Style::kGood;
+    case Difference::Kind::kRemoved:
+      return Style::kBad;
+    case Difference::Kind::kChanged:
+      return Style::kWarning;
+    case Difference::Kind::kMoved:
+      return Style::kPlace;
   }
   return Style::kPlain;
 }
@@ -34,8 +38,8 @@ ExitStatus RunDiff(const Invocation& invocation) {
   Records records;
   for (const Difference& each : Differences(old_document, new_document)) {
     const std::string kind(ToText(each.kind));
-    table.rows.push_back({{kind, each.what, each.in, OneLine(each.was), OneLine(each.now), LineText(each.old_line),
-                           LineText(each.new_line)},
+    table.rows.push_back({{kind, each.what, each.in, OneLine(each.was), OneLine(each.now),
+                           LineText(each.old_line), LineText(each.new_line)},
                           StyleOf(each.kind)});
     Record record;
     record.With("change", kind).With("what", each.what).With("in", each.in);

@@ -41,14 +41,15 @@ void SayNotes(const EditedFile& file, const std::vector<EditNote>& notes, std::s
 Records EditsOf(const std::vector<EditNote>& notes) {
   Records edits;
   for (const EditNote& note : notes) {
-    edits.push_back(Record().With("line", note.Line()).With("text", note.text).With("comments", note.comments));
+    edits.push_back(
+        Record().With("line", note.Line()).With("text", note.text).With("comments", note.comments));
   }
   return edits;
 }
 
 /// Checks, shows and saves what was edited, and says so.
-ExitStatus Finish(const Invocation& invocation, EditedFile& file, const std::vector<EditNote>& notes,
-                  const std::string& summary) {
+ExitStatus Finish(const Invocation& invocation, EditedFile& file,
+                  const std::vector<EditNote>& notes, const std::string& summary) {
   const Output output(invocation);
   if (!invocation.Has("force")) RefuseNewErrors(file);
   const bool shows_diff = file.IsDry() || invocation.Has("diff");
@@ -97,7 +98,9 @@ class Script {
 
  private:
   bool ApplyLine(Editor& editor, const std::string& line, std::size_t number) {
-    const auto where = [&](const char* what) { return fmt::format("{}:{}: {}", name_, number, what); };
+    const auto where = [&](const char* what) {
+      return fmt::format("{}:{}: {}", name_, number, what);
+    };
     try {
       const std::vector<std::string> words = ShellWords(line);
       if (words.empty()) return false;

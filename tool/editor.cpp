@@ -72,7 +72,8 @@ std::vector<Node> StatementsOf(const Node& block, const std::string& keyword) {
   std::vector<Node> found;
   for (const Node& child : block.Children()) {
     if (!child.Is(NodeKind::kStatement)) continue;
-    if (child.Keyword() == sought || WithoutSemicolon(child.Text()) == sought) found.push_back(child);
+    if (child.Keyword() == sought || WithoutSemicolon(child.Text()) == sought)
+      found.push_back(child);
   }
   return found;
 }
@@ -89,8 +90,9 @@ std::string NearestKeyword(const Node& block, const std::string& typed) {
 Node OneStatement(const Document& document, const Node& block, const std::string& keyword) {
   const std::vector<Node> found = StatementsOf(block, keyword);
   if (found.size() == 1) return found.front();
-  std::string message = fmt::format("there {} '{}' in {}", found.empty() ? "is no" : "is more than one",
-                                    keyword, BlockNames(document).Path(block));
+  std::string message =
+      fmt::format("there {} '{}' in {}", found.empty() ? "is no" : "is more than one", keyword,
+                  BlockNames(document).Path(block));
   if (found.empty()) message += NearestKeyword(block, keyword);
   for (const Node& each : found) {
     message += fmt::format("\n  @{}  {}", each.Begin().line, OneLine(each.Text()));
@@ -107,8 +109,9 @@ Node OneDisabledStatement(const Document& document, const Node& block, const std
     found.push_back(std::move(each));
   }
   if (found.size() == 1) return found.front().comment;
-  std::string message = fmt::format("{} '{}' is disabled in {}", found.empty() ? "no" : "more than one",
-                                    keyword, BlockNames(document).Path(block));
+  std::string message =
+      fmt::format("{} '{}' is disabled in {}", found.empty() ? "no" : "more than one", keyword,
+                  BlockNames(document).Path(block));
   for (const DisabledNode& each : found) {
     message += fmt::format("\n  @{}  {}", each.comment.Begin().line, OneLine(each.text));
   }
@@ -129,9 +132,9 @@ Editor::Operation Editor::OperationOf(const Invocation& edit) {
       {"disable", &Editor::Disable}, {"enable", &Editor::Enable}, {"rename", &Editor::Rename},
       {"move", &Editor::Move},       {"remove", &Editor::Remove},
   };
-  const auto* const found = std::find_if(
-      std::begin(kOperations), std::end(kOperations),
-      [&edit](const auto& operation) { return operation.first == edit.Of().name; });
+  const auto* const found =
+      std::find_if(std::begin(kOperations), std::end(kOperations),
+                   [&edit](const auto& operation) { return operation.first == edit.Of().name; });
   if (found == std::end(kOperations)) ThrowUsage(fmt::format("{} is no edit", edit.Of().name));
   return found->second;
 }
@@ -196,10 +199,9 @@ void Editor::Unset(const Invocation& edit) {
     for (const std::string& keyword : edit.Arguments("KEYWORD")) {
       const std::vector<Node> found = StatementsOf(target.node, keyword);
       if (found.empty()) {
-        throw Problem(ExitStatus::kNothing,
-                      fmt::format("there is no '{}' in {}{}", keyword,
-                                  BlockNames(*document_).Path(target.node),
-                                  NearestKeyword(target.node, keyword)));
+        throw Problem(ExitStatus::kNothing, fmt::format("there is no '{}' in {}{}", keyword,
+                                                        BlockNames(*document_).Path(target.node),
+                                                        NearestKeyword(target.node, keyword)));
       }
       statements.insert(statements.end(), found.begin(), found.end());
     }
@@ -227,10 +229,12 @@ void Editor::Disable(const Invocation& edit) {
 void Editor::Enable(const Invocation& edit) {
   const std::string keyword = edit.Argument("KEYWORD");
   const std::string block = edit.Argument("BLOCK");
-  Node comment = keyword.empty() ? finder_.OneDisabled(block).comment
-                                 : OneDisabledStatement(*document_, finder_.OneBlock(block), keyword);
+  Node comment = keyword.empty()
+                     ? finder_.OneDisabled(block).comment
+                     : OneDisabledStatement(*document_, finder_.OneBlock(block), keyword);
   comment.BringBack();
-  for (const Target& target : Named({comment})) Tell(comment, fmt::format("enabled {}", target.name));
+  for (const Target& target : Named({comment}))
+    Tell(comment, fmt::format("enabled {}", target.name));
 }
 
 void Editor::Rename(const Invocation& edit) {
@@ -279,7 +283,8 @@ void Editor::RemoveAll(const std::vector<Node>& nodes) {
     if (target.node.IsGone()) continue;  // it went with a block around it
     RemovalReport report = target.node.Remove();
     if (!tells_) continue;
-    notes_.push_back({Node(), target.line, fmt::format("removed {}", target.name), std::move(report.comments)});
+    notes_.push_back(
+        {Node(), target.line, fmt::format("removed {}", target.name), std::move(report.comments)});
   }
 }
 
@@ -325,7 +330,8 @@ Placement Editor::PlacementOf(const Invocation& edit, const std::string& in, Nod
   if (edit.Has(in)) {
     const Node named = finder_.OneBlock(edit.Value(in));
     if (parent && parent != named) {
-      ThrowUsage(fmt::format("'{}' does not stand right in '{}'", edit.Value("after") + edit.Value("before"), edit.Value(in)));
+      ThrowUsage(fmt::format("'{}' does not stand right in '{}'",
+                             edit.Value("after") + edit.Value("before"), edit.Value(in)));
     }
     parent = named;
   }

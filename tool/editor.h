@@ -57,7 +57,8 @@ class Editor {
   /// What an edit is about, and what it is called, noted before anything is edited.
   struct Target {
     Node node;
-    std::string name;  ///< "host pc-17", "max-lease-time 600 in host pc-17"; empty when nothing is told.
+    std::string
+        name;  ///< "host pc-17", "max-lease-time 600 in host pc-17"; empty when nothing is told.
     std::size_t line = 0;
   };
   std::vector<Target> Named(const std::vector<Node>& nodes) const;

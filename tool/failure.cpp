@@ -15,16 +15,20 @@ namespace {
 ExitStatus StatusOf(ErrorCode code) {
   switch (code) {
     case ErrorCode::kFile:
-    case ErrorCode::kTooLarge: return ExitStatus::kFile;
+    case ErrorCode::kTooLarge:
+      return ExitStatus::kFile;
     case ErrorCode::kGone:
-    case ErrorCode::kNotFound: return ExitStatus::kNothing;
-    case ErrorCode::kBadText: return ExitStatus::kUsage;
+    case ErrorCode::kNotFound:
+      return ExitStatus::kNothing;
+    case ErrorCode::kBadText:
+      return ExitStatus::kUsage;
     case ErrorCode::kBadPlace:
     case ErrorCode::kMalformed:
     case ErrorCode::kChanged:
     case ErrorCode::kLocked:
     case ErrorCode::kRefused:
-    case ErrorCode::kRejected: return ExitStatus::kRefused;
+    case ErrorCode::kRejected:
+      return ExitStatus::kRefused;
   }
   return ExitStatus::kRefused;
 }
@@ -52,7 +56,8 @@ std::string MessageOf(const std::exception& failure) {
 
 ExitStatus StatusOf(const std::exception& failure) {
   if (const auto* const problem = dynamic_cast<const Problem*>(&failure)) return problem->Status();
-  if (const auto* const error = dynamic_cast<const Error*>(&failure)) return StatusOf(error->Code());
+  if (const auto* const error = dynamic_cast<const Error*>(&failure))
+    return StatusOf(error->Code());
   return ExitStatus::kFile;
 }
 

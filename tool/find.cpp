@@ -62,7 +62,8 @@ class Search {
     for (const Node& subnet : network_.SubnetsOf(prefix.First())) {
       const auto own = Prefix::ParseSubnet(subnet.Name());
       if (!own || !own->Overlaps(prefix)) continue;
-      Add(what, own->WithoutHostBits() == prefix.WithoutHostBits() ? "name" : "in subnet", {subnet});
+      Add(what, own->WithoutHostBits() == prefix.WithoutHostBits() ? "name" : "in subnet",
+          {subnet});
     }
   }
 
@@ -109,16 +110,18 @@ ExitStatus RunFind(const Invocation& invocation) {
   Table table = {{"WHAT", "FOUND BY", "FOUND", "ADDRESSES", "IN", "LINE"}, {}};
   Records records;
   for (const Found& found : search.All()) {
-    const BlockInfo info = InfoOf(found.node, names, output.IsJson() ? Detail::kStatements : Detail::kValues);
+    const BlockInfo info =
+        InfoOf(found.node, names, output.IsJson() ? Detail::kStatements : Detail::kValues);
     if (output.IsJson()) {
       Record record = info.AsRecord();
       records.push_back(record.With("what", found.what).With("found_by", found.by));
       continue;
     }
     std::string addresses;
-    for (const std::string& each : info.addresses) addresses += (addresses.empty() ? "" : ", ") + each;
-    table.rows.push_back({{OneLine(found.what), found.by, NameOfFound(found, names), addresses, info.in,
-                           std::to_string(info.line)},
+    for (const std::string& each : info.addresses)
+      addresses += (addresses.empty() ? "" : ", ") + each;
+    table.rows.push_back({{OneLine(found.what), found.by, NameOfFound(found, names), addresses,
+                           info.in, std::to_string(info.line)},
                           Style::kPlain});
   }
   if (output.IsJson()) {

@@ -47,7 +47,8 @@ std::string Rows(const std::vector<Example>& rows) {
   for (const Example& row : rows) {
     const std::size_t indent = width + 4;
     text += fmt::format("  {}", row.line);
-    text += row.line.size() > width ? "\n" + std::string(indent, ' ') : std::string(indent - 2 - row.line.size(), ' ');
+    text += row.line.size() > width ? "\n" + std::string(indent, ' ')
+                                    : std::string(indent - 2 - row.line.size(), ' ');
     text += Wrapped(row.says, indent, indent) + "\n";
   }
   return text;
@@ -64,14 +65,16 @@ std::string OptionRows(const Command& command) {
   for (const Option& option : command.options) texts.push_back(OptionText(option));
   texts.emplace_back("-h, --help");
   std::vector<Example> rows;
-  for (std::size_t i = 0; i < command.options.size(); ++i) rows.push_back({texts[i], command.options[i].help});
+  for (std::size_t i = 0; i < command.options.size(); ++i)
+    rows.push_back({texts[i], command.options[i].help});
   rows.push_back({texts.back(), "print this"});
   return Rows(rows);
 }
 
 std::string ExampleRows(const std::vector<Example>& examples) {
   std::string text;
-  for (const Example& example : examples) text += fmt::format("  {}\n      {}\n", example.line, example.says);
+  for (const Example& example : examples)
+    text += fmt::format("  {}\n      {}\n", example.line, example.says);
   return text;
 }
 
@@ -95,7 +98,8 @@ std::string GeneralHelp() {
   text += "\nA BLOCK is named in one argument:\n" + Rows(BlockForms());
   text += "\nExamples:\n";
   for (const std::string_view name : {"list", "find", "add", "set"}) {
-    if (const Command* const command = FindCommand(name)) text += ExampleRows({command->examples.front()});
+    if (const Command* const command = FindCommand(name))
+      text += ExampleRows({command->examples.front()});
   }
   text += "\nExit status:\n" + Rows(ExitStatuses());
   return text + "\n`klepur COMMAND --help` says more, and `man klepur` everything.\n";
@@ -128,7 +132,8 @@ ExitStatus RunHelp(const Invocation& invocation) {
     return ExitStatus::kDone;
   }
   const Command* const command = FindCommand(name);
-  if (command == nullptr) throw Problem(ExitStatus::kUsage, fmt::format("there is no command {}", name));
+  if (command == nullptr)
+    throw Problem(ExitStatus::kUsage, fmt::format("there is no command {}", name));
   output.Print(HelpFor(*command));
   return ExitStatus::kDone;
 }

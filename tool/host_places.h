@@ -28,7 +28,8 @@ class HostPlaces {
   const Network* network_;
   bool has_learnt_ = false;
   bool stand_in_subnets_ = false;
-  std::unordered_map<std::size_t, Node> places_;  // by the offset of the subnet when they were learnt
+  std::unordered_map<std::size_t, Node>
+      places_;  // by the offset of the subnet when they were learnt
   std::unordered_map<std::size_t, Node> subnets_;
 };
 

@@ -10,7 +10,9 @@ using nlohmann::ordered_json;
 
 /// How many bytes the character at the beginning of a text has; 0 if it begins with no UTF-8.
 std::size_t CharacterSize(std::string_view text) {
-  const auto byte = [text](std::size_t at) -> unsigned { return static_cast<unsigned char>(text[at]); };
+  const auto byte = [text](std::size_t at) -> unsigned {
+    return static_cast<unsigned char>(text[at]);
+  };
   const unsigned first = byte(0);
   if (first < 0x80) return 1;
   const std::size_t size = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;

@@ -46,7 +46,8 @@ std::string_view Trimmed(std::string_view text) {
 
 bool IsPlainForShell(char byte) {
   return (byte >= '0' && byte <= '9') || (byte >= 'a' && byte <= 'z') ||
-         (byte >= 'A' && byte <= 'Z') || std::string_view("-_./:@%+=,").find(byte) != std::string_view::npos;
+         (byte >= 'A' && byte <= 'Z') ||
+         std::string_view("-_./:@%+=,").find(byte) != std::string_view::npos;
 }
 
 }  // namespace
@@ -133,7 +134,8 @@ std::vector<std::string> ShellWords(std::string_view line) {
 }
 
 std::string ForShell(std::string_view word) {
-  if (!word.empty() && std::all_of(word.begin(), word.end(), IsPlainForShell)) return std::string(word);
+  if (!word.empty() && std::all_of(word.begin(), word.end(), IsPlainForShell))
+    return std::string(word);
   std::string quoted = "'";
   for (const char byte : word) {
     if (byte == '\'') {

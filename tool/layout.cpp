@@ -72,7 +72,8 @@ class Layout {
   /// Whether a comment stands on the line on which something before it ends, or opens.
   bool StandsBehind(const Node& comment) const {
     const std::size_t line = comment.Begin().line;
-    if (const Node before = comment.Previous()) return before.End().line == line && !before.Is(NodeKind::kComment);
+    if (const Node before = comment.Previous())
+      return before.End().line == line && !before.Is(NodeKind::kComment);
     const Node block = comment.Parent();
     return block.Is(NodeKind::kBlock) && LineOfBrace(block) == line;
   }
@@ -82,7 +83,8 @@ class Layout {
     const std::string text = block.Text();
     for (const Piece& piece : PiecesOf(std::string_view(text).substr(block.Header().size()))) {
       if (!piece.Is('{')) continue;
-      const auto end = text.begin() + static_cast<std::ptrdiff_t>(block.Header().size() + piece.offset);
+      const auto end =
+          text.begin() + static_cast<std::ptrdiff_t>(block.Header().size() + piece.offset);
       return block.Begin().line + static_cast<std::size_t>(std::count(text.begin(), end, '\n'));
     }
     return 0;

@@ -84,8 +84,12 @@ std::vector<Lease> Leases6In(const std::string& path) {
   Dhcpv6LeasesParser().GetLeases(path.c_str(), stored);
   std::vector<Lease> leases;
   for (const _Dhcpv6LeaseStore& each : stored) {
-    leases.push_back({each.address, each.bindingState, WithoutWeekday(each.cltt),
-                      WithoutWeekday(each.ends), each.duid, {}});
+    leases.push_back({each.address,
+                      each.bindingState,
+                      WithoutWeekday(each.cltt),
+                      WithoutWeekday(each.ends),
+                      each.duid,
+                      {}});
   }
   return leases;
 }
@@ -101,14 +105,16 @@ ExitStatus RunLeases(const Invocation& invocation) {
   Table table = {{"ADDRESS", "STATE", "STARTS", "ENDS", "CLIENT", "NAME"}, {}};
   Records records;
   for (const Lease& lease : leases) {
-    std::vector<std::string> cells = {lease.address, lease.state, lease.starts,
+    std::vector<std::string> cells = {lease.address, lease.state,  lease.starts,
                                       lease.ends,    lease.client, lease.name};
     for (std::string& cell : cells) cell = OneLine(cell);
-    table.rows.push_back({std::move(cells), lease.state == "active" ? Style::kPlain : Style::kFaint});
+    table.rows.push_back(
+        {std::move(cells), lease.state == "active" ? Style::kPlain : Style::kFaint});
     if (!output.IsJson()) continue;
     Record record;
     record.With("address", lease.address).With("state", lease.state).With("starts", lease.starts);
-    records.push_back(record.With("ends", lease.ends).With("client", lease.client).With("name", lease.name));
+    records.push_back(
+        record.With("ends", lease.ends).With("client", lease.client).With("name", lease.name));
   }
   if (output.IsJson()) {
     output.Print(Record().With("file", path).With("leases", std::move(records)));

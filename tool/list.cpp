@@ -21,7 +21,12 @@ std::string Joined(const std::vector<std::string>& elements) {
 }
 
 std::vector<std::string> CellsOf(const BlockInfo& block, const std::string& kind) {
-  return {kind,     block.name, block.identity, Joined(block.addresses), block.in, std::to_string(block.line),
+  return {kind,
+          block.name,
+          block.identity,
+          Joined(block.addresses),
+          block.in,
+          std::to_string(block.line),
           block.disabled ? "disabled" : ""};
 }
 
@@ -30,10 +35,10 @@ Table Overview(const std::vector<BlockInfo>& blocks) {
   Table table = {{"BLOCK", "IDENTITY", "ADDRESSES", "LINE", "STATE"}, {}};
   for (const BlockInfo& block : blocks) {
     const std::string name = block.name.empty() ? block.kind : block.kind + " " + block.name;
-    table.rows.push_back({{std::string(2 * block.depth, ' ') + name, block.identity,
-                           Joined(block.addresses), std::to_string(block.line),
-                           block.disabled ? "disabled" : ""},
-                          block.disabled ? Style::kFaint : Style::kPlain});
+    table.rows.push_back(
+        {{std::string(2 * block.depth, ' ') + name, block.identity, Joined(block.addresses),
+          std::to_string(block.line), block.disabled ? "disabled" : ""},
+         block.disabled ? Style::kFaint : Style::kPlain});
   }
   return table;
 }
@@ -41,7 +46,8 @@ Table Overview(const std::vector<BlockInfo>& blocks) {
 Table TableOf(const std::vector<BlockInfo>& blocks) {
   Table table = {{"KIND", "NAME", "IDENTITY", "ADDRESSES", "IN", "LINE", "STATE"}, {}};
   for (const BlockInfo& block : blocks) {
-    table.rows.push_back({CellsOf(block, block.kind), block.disabled ? Style::kFaint : Style::kPlain});
+    table.rows.push_back(
+        {CellsOf(block, block.kind), block.disabled ? Style::kFaint : Style::kPlain});
   }
   return table;
 }
@@ -49,7 +55,8 @@ Table TableOf(const std::vector<BlockInfo>& blocks) {
 /// By their addresses, those without behind; blocks of one address stay in the order of the file.
 void SortByAddress(std::vector<BlockInfo>& blocks) {
   std::stable_sort(blocks.begin(), blocks.end(), [](const BlockInfo& left, const BlockInfo& right) {
-    if (!left.first_address || !right.first_address) return left.first_address.has_value() && !right.first_address;
+    if (!left.first_address || !right.first_address)
+      return left.first_address.has_value() && !right.first_address;
     return *left.first_address < *right.first_address;
   });
 }
@@ -85,14 +92,15 @@ ExitStatus RunList(const Invocation& invocation) {
   const std::string order = invocation.Value("sort");
   if (order == "address" || (order.empty() && !kinds.empty())) SortByAddress(blocks);
   if (order == "name") {
-    std::stable_sort(blocks.begin(), blocks.end(), [](const BlockInfo& left, const BlockInfo& right) {
-      return left.name < right.name;
-    });
+    std::stable_sort(
+        blocks.begin(), blocks.end(),
+        [](const BlockInfo& left, const BlockInfo& right) { return left.name < right.name; });
   }
   if (output.IsJson()) {
     Records records;
     for (const BlockInfo& block : blocks) records.push_back(block.AsRecord());
-    output.Print(Record().With("file", invocation.Argument("FILE")).With("blocks", std::move(records)));
+    output.Print(
+        Record().With("file", invocation.Argument("FILE")).With("blocks", std::move(records)));
   } else if (output.IsTerminal() && kinds.empty() && (order.empty() || order == "file")) {
     output.Print(Overview(blocks));
   } else {

@@ -31,7 +31,8 @@ bool IsHelp(const std::string& word) {
   const std::string nearest = Nearest(typed, names);
   throw Problem(ExitStatus::kUsage,
                 fmt::format("there is no command {}{}", typed,
-                            nearest.empty() ? "; klepur --help lists them" : fmt::format("; did you mean {}?", nearest)));
+                            nearest.empty() ? "; klepur --help lists them"
+                                            : fmt::format("; did you mean {}?", nearest)));
 }
 
 ExitStatus Run(const std::vector<std::string>& words) {

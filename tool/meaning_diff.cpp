@@ -49,9 +49,10 @@ class Comparison {
     MatchMoved();
     ComparePairs();
     ReportRest();
-    std::stable_sort(found_.begin(), found_.end(), [](const Difference& left, const Difference& right) {
-      return LineOf(left) < LineOf(right);
-    });
+    std::stable_sort(found_.begin(), found_.end(),
+                     [](const Difference& left, const Difference& right) {
+                       return LineOf(left) < LineOf(right);
+                     });
     return std::move(found_);
   }
 
@@ -89,8 +90,11 @@ class Comparison {
 
   void CompareValues(const std::string& keyword, Nodes before, Nodes now, const Node& in) {
     // Equal values at the beginning and end of both, then any others, are taken away.
-    const auto equal = [](const Node& left, const Node& right) { return ValueOf(left) == ValueOf(right); };
-    if (before.size() == now.size() && std::equal(before.begin(), before.end(), now.begin(), equal)) return;
+    const auto equal = [](const Node& left, const Node& right) {
+      return ValueOf(left) == ValueOf(right);
+    };
+    if (before.size() == now.size() && std::equal(before.begin(), before.end(), now.begin(), equal))
+      return;
     const bool last_differs = before.empty() || now.empty() || !equal(before.back(), now.back());
     std::multimap<std::string, std::size_t> old_values;
     for (std::size_t i = 0; i < before.size(); ++i) old_values.emplace(ValueOf(before[i]), i);
@@ -110,12 +114,16 @@ class Comparison {
       added.push_back(now.back());
     }
     const std::size_t changed = std::min(removed.size(), added.size());
-    for (std::size_t i = 0; i < changed; ++i) Report(Kind::kChanged, keyword, in, removed[i], added[i]);
-    for (std::size_t i = changed; i < removed.size(); ++i) Report(Kind::kRemoved, keyword, in, removed[i], Node());
-    for (std::size_t i = changed; i < added.size(); ++i) Report(Kind::kAdded, keyword, in, Node(), added[i]);
+    for (std::size_t i = 0; i < changed; ++i)
+      Report(Kind::kChanged, keyword, in, removed[i], added[i]);
+    for (std::size_t i = changed; i < removed.size(); ++i)
+      Report(Kind::kRemoved, keyword, in, removed[i], Node());
+    for (std::size_t i = changed; i < added.size(); ++i)
+      Report(Kind::kAdded, keyword, in, Node(), added[i]);
   }
 
-  void Report(Kind kind, const std::string& keyword, const Node& in, const Node& before, const Node& now) {
+  void Report(Kind kind, const std::string& keyword, const Node& in, const Node& before,
+              const Node& now) {
     Difference difference = {kind, keyword, InPath(in), {}, {}, 0, 0};
     if (before) {
       difference.was = ValueOf(before);
@@ -146,11 +154,14 @@ class Comparison {
     for (const Node& block : BlocksOf(now)) by_key[KeyOf(block)].second.push_back(block);
     for (auto& [key, both] : by_key) {
       auto& [old_blocks, new_blocks] = both;
-      if (old_blocks.size() != new_blocks.size() || old_blocks.size() > 1) PairEqual(old_blocks, new_blocks);
+      if (old_blocks.size() != new_blocks.size() || old_blocks.size() > 1)
+        PairEqual(old_blocks, new_blocks);
       const std::size_t paired = std::min(old_blocks.size(), new_blocks.size());
       for (std::size_t i = 0; i < paired; ++i) pairs_.emplace_back(old_blocks[i], new_blocks[i]);
-      gone_.insert(gone_.end(), old_blocks.begin() + static_cast<std::ptrdiff_t>(paired), old_blocks.end());
-      new_.insert(new_.end(), new_blocks.begin() + static_cast<std::ptrdiff_t>(paired), new_blocks.end());
+      gone_.insert(gone_.end(), old_blocks.begin() + static_cast<std::ptrdiff_t>(paired),
+                   old_blocks.end());
+      new_.insert(new_.end(), new_blocks.begin() + static_cast<std::ptrdiff_t>(paired),
+                  new_blocks.end());
     }
   }
 
@@ -192,8 +203,8 @@ class Comparison {
       const Node& to = now.front();
       Take(gone_, from);
       Take(new_, to);
-      found_.push_back({Kind::kMoved, key, InPath(to.Parent()), old_names_.In(from), new_names_.In(to),
-                        from.Begin().line, to.Begin().line});
+      found_.push_back({Kind::kMoved, key, InPath(to.Parent()), old_names_.In(from),
+                        new_names_.In(to), from.Begin().line, to.Begin().line});
       pairs_.emplace_back(from, to);
     }
   }
@@ -204,10 +215,22 @@ class Comparison {
 
   void ReportRest() {
     for (const Node& block : gone_) {
-      found_.push_back({Kind::kRemoved, old_names_.Step(block), old_names_.In(block), {}, {}, block.Begin().line, 0});
+      found_.push_back({Kind::kRemoved,
+                        old_names_.Step(block),
+                        old_names_.In(block),
+                        {},
+                        {},
+                        block.Begin().line,
+                        0});
     }
     for (const Node& block : new_) {
-      found_.push_back({Kind::kAdded, new_names_.Step(block), new_names_.In(block), {}, {}, 0, block.Begin().line});
+      found_.push_back({Kind::kAdded,
+                        new_names_.Step(block),
+                        new_names_.In(block),
+                        {},
+                        {},
+                        0,
+                        block.Begin().line});
     }
   }
 
@@ -229,10 +252,14 @@ std::vector<Difference> Differences(const Document& old_document, const Document
 
 std::string_view ToText(Difference::Kind kind) {
   switch (kind) {
-    case Kind::kAdded: return "added";
-    case Kind::kRemoved: return "removed";
-    case Kind::kChanged: return "changed";
-    case Kind::kMoved: return "moved";
+    case Kind::kAdded:
+      return "added";
+    case Kind::kRemoved:
+      return "removed";
+    case Kind::kChanged:
+      return "changed";
+    case Kind::kMoved:
+      return "moved";
   }
   return "";
 }

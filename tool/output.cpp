@@ -28,14 +28,22 @@ bool WantsColour(const std::string& when, bool is_terminal) {
 
 std::string_view CodeOf(Style style) {
   switch (style) {
-    case Style::kPlain: return "";
-    case Style::kHeading: return "\x1b[4m";
-    case Style::kStrong: return "\x1b[1m";
-    case Style::kFaint: return "\x1b[2m";
-    case Style::kGood: return "\x1b[32m";
-    case Style::kBad: return "\x1b[31m";
-    case Style::kWarning: return "\x1b[33m";
-    case Style::kPlace: return "\x1b[36m";
+    case Style::kPlain:
+      return "";
+    case Style::kHeading:
+      return "\x1b[4m";
+    case Style::kStrong:
+      return "\x1b[1m";
+    case Style::kFaint:
+      return "\x1b[2m";
+    case Style::kGood:
+      return "\x1b[32m";
+    case Style::kBad:
+      return "\x1b[31m";
+    case Style::kWarning:
+      return "\x1b[33m";
+    case Style::kPlace:
+      return "\x1b[36m";
   }
   return "";
 }
@@ -87,10 +95,14 @@ std::string Aligned(const std::vector<std::string>& cells, const std::vector<std
 
 Style StyleOfDiffLine(std::string_view line) {
   switch (line.front()) {
-    case '+': return Style::kGood;
-    case '-': return Style::kBad;
-    case '@': return Style::kPlace;
-    default: return Style::kPlain;
+    case '+':
+      return Style::kGood;
+    case '-':
+      return Style::kBad;
+    case '@':
+      return Style::kPlace;
+    default:
+      return Style::kPlain;
   }
 }
 

@@ -17,7 +17,8 @@ namespace klepur::tool {
 namespace {
 
 [[noreturn]] void ThrowCannot(const std::string& program, int reason) {
-  throw Problem(ExitStatus::kFile, fmt::format("{} cannot be run: {}", program, std::strerror(reason)));
+  throw Problem(ExitStatus::kFile,
+                fmt::format("{} cannot be run: {}", program, std::strerror(reason)));
 }
 
 std::string ReadToEnd(int descriptor) {

@@ -16,7 +16,7 @@ namespace klepur::tool {
 
 /// What a save did, in the words that people are told.
 struct Saved {
-  bool written = false;            ///< False when there was nothing to change, or nothing may be written.
+  bool written = false;  ///< False when there was nothing to change, or nothing may be written.
   std::vector<std::string> notes;  ///< "the old text is in dhcpd.conf.20240517T081500Z"
 };
 

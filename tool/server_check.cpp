@@ -27,7 +27,8 @@ class ScratchFile {
     const int descriptor = mkstemp(path_.data());
     if (descriptor < 0) Fail();
     std::FILE* const file = fdopen(descriptor, "w");
-    for (const std::string_view piece : document.Pieces()) std::fwrite(piece.data(), 1, piece.size(), file);
+    for (const std::string_view piece : document.Pieces())
+      std::fwrite(piece.data(), 1, piece.size(), file);
     const bool failed = std::ferror(file) != 0;
     if (std::fclose(file) != 0 || failed) Fail();
   }
@@ -45,7 +46,8 @@ class ScratchFile {
   [[noreturn]] void Fail() const {
     const int reason = errno;
     unlink(path_.c_str());
-    throw Problem(ExitStatus::kFile, fmt::format("{} cannot be written: {}", path_, std::strerror(reason)));
+    throw Problem(ExitStatus::kFile,
+                  fmt::format("{} cannot be written: {}", path_, std::strerror(reason)));
   }
 
   std::string path_;
@@ -90,7 +92,8 @@ std::vector<CheckFinding> AskServer(const std::string& server, const Document& d
     CheckFinding finding;
     finding.rule = kRule;
     finding.place.where = {1, 1};
-    finding.message = fmt::format("the server does not accept the file, and ends with {}: {}", ended.status, last);
+    finding.message = fmt::format("the server does not accept the file, and ends with {}: {}",
+                                  ended.status, last);
     findings.push_back(std::move(finding));
   }
   for (CheckFinding& finding : findings) finding.place.file = name;

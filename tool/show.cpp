@@ -51,7 +51,8 @@ void PrintInForce(const Output& output, const Document& document, const Node& bl
                           .With("line", line));
   }
   if (output.IsJson()) {
-    output.Print(Record().With("file", file).With("block", names.Path(block)).With("statements", records));
+    output.Print(
+        Record().With("file", file).With("block", names.Path(block)).With("statements", records));
   } else {
     output.Print(table);
   }
@@ -67,7 +68,8 @@ ExitStatus RunShow(const Invocation& invocation) {
   const Node node = finder.One(invocation.Argument("BLOCK"));
   if (invocation.Has("in-force")) {
     if (!node.Is(NodeKind::kBlock) && !node.Is(NodeKind::kFile)) {
-      throw Problem(ExitStatus::kNothing, fmt::format("{} is no block", invocation.Argument("BLOCK")));
+      throw Problem(ExitStatus::kNothing,
+                    fmt::format("{} is no block", invocation.Argument("BLOCK")));
     }
     PrintInForce(output, document, node, file);
   } else if (output.IsJson() && node.Is(NodeKind::kBlock)) {

@@ -19,7 +19,8 @@ Document ReadDocument(const std::string& path) {
 std::string ReadStandardInput() {
   std::string text;
   char piece[65536];
-  while (const std::size_t size = std::fread(piece, 1, sizeof piece, stdin)) text.append(piece, size);
+  while (const std::size_t size = std::fread(piece, 1, sizeof piece, stdin))
+    text.append(piece, size);
   if (std::ferror(stdin) != 0) {
     const int reason = errno;
     throw Problem(ExitStatus::kFile, fmt::format("standard input: {}", std::strerror(reason)));

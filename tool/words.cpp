@@ -12,9 +12,10 @@ namespace klepur::tool {
 namespace {
 
 bool IsWanted(const Word& word, const std::vector<std::string>& sought) {
-  return sought.empty() || std::any_of(sought.begin(), sought.end(), [&word](const std::string& text) {
-    return word.name.find(text) != std::string_view::npos;
-  });
+  return sought.empty() ||
+         std::any_of(sought.begin(), sought.end(), [&word](const std::string& text) {
+           return word.name.find(text) != std::string_view::npos;
+         });
 }
 
 std::string Places(Scopes scopes) {
