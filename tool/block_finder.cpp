@@ -255,34 +255,48 @@ DisabledNode BlockFinder::OneDisabled(std::string_view block) const {
   return found.front();
 }
 
+/// Says which step of a path leads nowhere.
 void BlockFinder::ThrowNone(std::string_view block) const {
-  const std::vector<std::string> steps = Divided(block, '>');
-  const Step step = Step::Of(block, steps.back());
-  std::string message = fmt::format("there is no '{}'", block);
+  std::string path;
+  Node scope = document_->Root();
+  for (const std::string& text : Divided(block, '>')) {
+    path += path.empty() ? text : std::string(kStep) + text;
+    const std::vector<Node> found = Matching(path, false);
+    if (!found.empty()) {
+      scope = found.front();
+      continue;
+    }
+    ThrowNoneIn(scope, Step::Of(block, text), fmt::format("there is no '{}'", path));
+  }
+  throw Problem(ExitStatus::kNothing, fmt::format("there is no '{}'", block));
+}
+
+/// \param message  what to say before the blocks in `scope` that may have been meant.
+void BlockFinder::ThrowNoneIn(const Node& scope, const Step& step,
+                              const std::string& message) const {
   BlockNames names(*document_);
+  std::string near;
   std::size_t count = 0;
-  const Node root = document_->Root();
   const auto add = [&](const std::string& line) {
-    if (++count <= kMostCandidates) message += line;
+    if (++count <= kMostCandidates) near += line;
   };
   const std::string sought = fmt::format("{} {}", step.kind, step.name);
-  for (Node node = root; node; node = NextBelow(node, root)) {
-    if (node.Is(NodeKind::kBlock)) {
+  for (Node node = scope; node; node = NextBelow(node, scope)) {
+    if (node.Is(NodeKind::kBlock) && node != scope) {
       const std::string name = fmt::format("{} {}", node.Keyword(), NameOf(node));
-      const bool near = IsSlipOf(sought, name) || (!step.name.empty() && NameOf(node) == step.name);
-      if (near) add(WithLine(node, names.Path(node)));
+      if (IsSlipOf(sought, name) || (!step.name.empty() && NameOf(node) == step.name)) {
+        add(WithLine(node, names.Path(node)));
+      }
     }
     if (!node.Is(NodeKind::kBlock) && !node.Is(NodeKind::kFile)) continue;
     for (const DisabledNode& each : DisabledBelow(node)) {
-      if (each.is_block && each.name == sought) {
+      if (each.is_block && each.name == sought)
         add(WithLine(each.comment, each.name + ", disabled"));
-      }
     }
   }
-  if (count > 0) message.insert(message.find('\n'), "; near it are:");
-  if (count > kMostCandidates) message += fmt::format("\n  and {} more", count - kMostCandidates);
-  if (IsPattern(step.name)) message += "\n  (a pattern is taken for one with --all)";
-  throw Problem(ExitStatus::kNothing, message);
+  if (count > kMostCandidates) near += fmt::format("\n  and {} more", count - kMostCandidates);
+  if (IsPattern(step.name)) near += "\n  (a pattern is taken for one with --all)";
+  throw Problem(ExitStatus::kNothing, message + (count > 0 ? "; near it are:" : "") + near);
 }
 
 void BlockFinder::ThrowSeveral(std::string_view block, const std::vector<Node>& found) const {

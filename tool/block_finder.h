@@ -58,6 +58,8 @@ class BlockFinder {
   std::vector<Node> ByName(const Step& step) const;
   Node AtLine(std::string_view number) const;
   [[noreturn]] void ThrowNone(std::string_view block) const;
+  [[noreturn]] void ThrowNoneIn(const Node& scope, const Step& step,
+                                const std::string& message) const;
   [[noreturn]] void ThrowSeveral(std::string_view block, const std::vector<Node>& found) const;
 
   const Document* document_;

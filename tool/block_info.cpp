@@ -1,6 +1,7 @@
 #include <tool/block_info.h>
 
 #include <klepur/network/hardware_address.h>
+#include <klepur/network/host_identifier.h>
 #include <klepur/network/prefix.h>
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>
@@ -36,12 +37,19 @@ std::optional<Address> AddressIn(const std::string& element) {
   return Address::ParseLenient(element.substr(0, element.find_first_of(" /")));
 }
 
+/// The bytes alone of a DHCPv6 client's identifier, any other as it is written.
+std::string IdentifierText(const Node& statement) {
+  const auto identifier = HostIdentifier::Parse(statement.Value());
+  const bool is_client = statement.Keyword() == "host-identifier" && identifier &&
+                         identifier->option == "dhcp6.client-id" && !identifier->relay;
+  return is_client ? identifier->identifier.Hex() : OneLine(Plain(statement.Value()));
+}
+
 /// Notes what a statement right in a block says of it.
 void NoteStatement(const Node& statement, BlockInfo& info, Detail detail) {
   const std::string keyword = statement.Keyword();
   if (keyword == "hardware") info.identity = HardwareText(statement.Value());
-  if (IsIdentifier(keyword) && info.identity.empty())
-    info.identity = OneLine(Plain(statement.Value()));
+  if (IsIdentifier(keyword) && info.identity.empty()) info.identity = IdentifierText(statement);
   if (HasAddresses(keyword)) {
     for (const std::string& element : ElementsOf(statement))
       info.addresses.push_back(OneLine(element));

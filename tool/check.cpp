@@ -94,7 +94,11 @@ ExitStatus RunCheck(const Invocation& invocation) {
   Records records;
   for (const std::string& path : files) {
     try {
-      for (const CheckFinding& finding : FindingsOf(path, invocation)) {
+      const std::vector<CheckFinding> findings = FindingsOf(path, invocation);
+      if (findings.empty() && output.IsTerminal() && !output.IsJson()) {
+        SayPlain(fmt::format("{}: nothing was found", ShownName(path)));
+      }
+      for (const CheckFinding& finding : findings) {
         if (finding.severity <= least) status = std::max(status, ExitStatus::kNothing);
         if (output.IsJson()) {
           records.push_back(AsRecord(finding));

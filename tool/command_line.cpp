@@ -79,7 +79,8 @@ struct CommandLine::Parser {
       if (parsed->count() == 0) continue;
       std::vector<std::string> results;
       if (!option->value.empty()) results = parsed->reduced_results();
-      if (option->offer == Offer::kChoice) CheckChoice(option->name, option->choices, results[0]);
+      if (option->offer == Offer::kChoice)
+        CheckChoice(fmt::format("--{}", option->name), option->choices, results[0]);
       values.emplace(option->name, std::move(results));
     }
     return values;
@@ -93,7 +94,7 @@ struct CommandLine::Parser {
       begin = end + 1;
     }
     if (std::find(known.begin(), known.end(), typed) != known.end()) return;
-    ThrowUsage(fmt::format("{}: {} is none of: {} ({})", command.name, typed, choices, of));
+    ThrowUsage(fmt::format("{}: {} takes one of: {}; not {}", command.name, of, choices, typed));
   }
 
   Invocation::Values Arguments() const {

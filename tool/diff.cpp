@@ -36,7 +36,11 @@ ExitStatus RunDiff(const Invocation& invocation) {
   const Document new_document = ReadDocument(invocation.Argument("NEW"));
   Table table = {{"CHANGE", "WHAT", "IN", "OLD", "NEW", "OLD LINE", "NEW LINE"}, {}};
   Records records;
-  for (const Difference& each : Differences(old_document, new_document)) {
+  for (Difference& each : Differences(old_document, new_document)) {
+    if (each.kind == Difference::Kind::kMoved) {
+      if (each.was.empty()) each.was = "global";
+      if (each.now.empty()) each.now = "global";
+    }
     const std::string kind(ToText(each.kind));
     table.rows.push_back({{kind, each.what, each.in, OneLine(each.was), OneLine(each.now),
                            LineText(each.old_line), LineText(each.new_line)},

@@ -152,6 +152,9 @@ void Editor::Apply(const Invocation& edit) {
 
 void Editor::Add(const Invocation& edit) {
   const std::string header = edit.Argument("HEADER");
+  if (!header.empty() && header.back() == ';') {
+    ThrowUsage(fmt::format("add: '{}' is a statement, `klepur set` puts it into a block", header));
+  }
   const std::string text = BlockText(header, edit.Arguments("STATEMENT"));
   const Document alone(text);
   const Node block = alone.Root().FirstChild();

@@ -60,7 +60,7 @@ class Formatting {
     output_.PrintDiff(formatted.diff);
     const char* const what = !formatted.would_change ? "is laid out already"
                              : formatted.saved       ? "laid out"
-                                                     : "not saved";
+                                                     : "would be laid out (not saved)";
     SayPlain(fmt::format("{}: {}", formatted.file, what));
   }
 

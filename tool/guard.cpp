@@ -40,9 +40,7 @@ void RefuseNewErrors(EditedFile& file) {
   const std::vector<CheckFinding> after = ErrorsOf(file.Document());
   if (after.empty()) return;
   Said before = WhatIsSaid(ErrorsOf(file.Before()));
-  std::string message =
-      "refused, as the file would have a mistake that it has not now (--force saves it all the "
-      "same):";
+  std::string message = "refused, the edit brings in an error (--force saves all the same):";
   bool is_new = false;
   for (const CheckFinding& finding : after) {
     const auto known = before.find({std::string(finding.rule), finding.message});

@@ -117,6 +117,7 @@ class Layout {
   /// A block that can stay on its line; empty if it cannot.
   std::string OneLineBlock(const Node& block) const {
     if (block.Begin().line != block.End().line || !block.FirstChild()) return {};
+    if (block.Keyword() == "if" || IsElse(block)) return {};
     std::string line = Spaced(block.Header()) + " {";
     for (const Node& child : block.Children()) {
       if (!child.Is(NodeKind::kStatement)) return {};

@@ -11,8 +11,8 @@ namespace klepur::tool {
 /// The text of a document in the tool's layout:
 ///
 /// - A statement a line, a step of indentation for each block around it, "{" behind its header, "}" on a line of
-///   its own, and "} else {". A block of statements on one line stays on it if it has no comment and takes at most
-///   100 columns.
+///   its own, and "} else {". A block of statements on one line, but for an "if", stays on it if it has no
+///   comment and takes at most 100 columns.
 /// - One blank between words, none before "," and ";". A statement over several lines keeps its lines, the second
 ///   and all further ones a step deeper.
 /// - Comments stay where they belong: above a line at its depth, or two blanks behind it.

@@ -121,7 +121,9 @@ ExitStatus RunLeases(const Invocation& invocation) {
   } else {
     output.Print(table);
   }
-  return leases.empty() ? ExitStatus::kNothing : ExitStatus::kDone;
+  if (!leases.empty()) return ExitStatus::kDone;
+  Say(path + ": there are no leases in it");
+  return ExitStatus::kNothing;
 }
 
 }  // namespace klepur::tool

@@ -24,7 +24,7 @@ EditedFile::EditedFile(const Invocation& invocation, const std::string& path, bo
       document_("") {
   const Progress progress(fmt::format("reading {}", Name()));
   if (path_ == kStandard) {
-    if (output_.empty()) output_ = kStandard;
+    if (output_.empty()) output_ = std::string(kStandard);
     input_ = ReadStandardInput();
     document_ = klepur::Document(input_);
     return;

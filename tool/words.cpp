@@ -47,7 +47,9 @@ ExitStatus RunWords(const Invocation& invocation) {
   } else {
     output.Print(table);
   }
-  return is_empty ? ExitStatus::kNothing : ExitStatus::kDone;
+  if (!is_empty) return ExitStatus::kDone;
+  Say("there is no such word");
+  return ExitStatus::kNothing;
 }
 
 }  // namespace klepur::tool
