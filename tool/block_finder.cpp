@@ -131,13 +131,36 @@ Node BlockFinder::AtLine(std::string_view number) const {
   return node;
 }
 
+/// The blocks of a kind and name anywhere in the file. The first few are looked for in the bytes of a large
+/// file, as the document's own table of all headers takes long to make.
+std::vector<Node> BlockFinder::ByHeader(const Step& step) const {
+  constexpr std::size_t kFewHeaders = 3;
+  if (++headers_sought_ <= kFewHeaders && text_.IsGoodFor()) {
+    if (const TextSearch::Blocks blocks =
+            text_.AroundText(step.name.substr(0, step.name.find(' ')))) {
+      std::vector<Node> found;
+      for (const Node& block : *blocks) {
+        if (block.Keyword() == step.kind && block.Name() == step.name) found.push_back(block);
+      }
+      return found;
+    }
+  }
+  return document_->FindAll(fmt::format("{} {}", step.kind, Quoted(step.name)));
+}
+
 /// The blocks of a step anywhere in the file, found without a walk where that is possible.
 std::vector<Node> BlockFinder::ByName(const Step& step) const {
   std::vector<Node> found;
-  if (!step.name.empty())
-    found = document_->FindAll(fmt::format("{} {}", step.kind, Quoted(step.name)));
+  const auto prefix = step.IsSubnet() ? NetworkIn(step.name) : std::nullopt;
+  if (prefix && prefix->GetAddress().IsV4()) {
+    found = ByHeader(
+        {{},
+         step.kind,
+         fmt::format("{} netmask {}", prefix->GetAddress().Text(), prefix->Netmask().Text())});
+  } else if (!step.name.empty()) {
+    found = ByHeader(step);
+  }
   if (!found.empty() || !step.IsSubnet()) return found;
-  const auto prefix = NetworkIn(step.name);
   const auto address = prefix ? prefix->GetAddress() : Address::ParseLenient(step.name);
   if (!address) return found;
   for (const Node& subnet : network_.SubnetsOf(*address)) {

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include <tool/text_search.h>
+
 namespace klepur::tool {
 
 /// A statement or block that is commented out.
@@ -35,7 +37,8 @@ std::vector<DisabledNode> DisabledBelow(const Node& block);
 /// It follows the edits of the document.
 class BlockFinder {
  public:
-  explicit BlockFinder(const Document& document) : document_(&document), network_(document) {}
+  explicit BlockFinder(const Document& document)
+      : document_(&document), network_(document), text_(document) {}
 
   /// The one that is named; a statement only for "@112". Throws Problem(kNothing), with the candidates and
   /// their lines, when there is none or more than one, and Problem(kUsage) for what names nothing.
@@ -62,8 +65,12 @@ class BlockFinder {
                                 const std::string& message) const;
   [[noreturn]] void ThrowSeveral(std::string_view block, const std::vector<Node>& found) const;
 
+  std::vector<Node> ByHeader(const Step& step) const;
+
   const Document* document_;
   Network network_;
+  TextSearch text_;
+  mutable std::size_t headers_sought_ = 0;
 };
 
 }  // namespace klepur::tool
