@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <utility>
 
 #include <klepur/storage/failure.h>
@@ -148,7 +149,11 @@ void NewFile::BecomeNew(const std::string& target) {
 
 std::string FlushFolder(const Descriptor& folder, const std::string& path) {
   if (folder.IsOpen() && Uninterrupted([&] { return ::fsync(folder.Get()); }) == 0) return {};
-  return Failure(path, "flush its folder").what();
+  try {
+    return Failure(path, "flush its folder").what();
+  } catch (const std::bad_alloc&) {
+    return "not flushed";  // what was done is done: too short a text to need memory
+  }
 }
 
 }  // namespace klepur::internal
