@@ -90,10 +90,12 @@ void NewFile::Flush() {
 
 std::uint64_t NewFile::Write(const Pieces& text) {
   if (!text.WriteTo(file_.Get())) throw Failure(path_, "write the file beside it");
-  Flush();
   const auto comparison = text.CompareWith(file_.Get());
   if (!comparison) throw Failure(path_, "read the file beside it");
-  if (comparison->equal) return comparison->sum;
+  if (comparison->equal) {
+    Flush();
+    return comparison->sum;
+  }
   throw Error(
       ErrorCode::kFile,
       path_ + ": cannot write the file beside it: what is read there is not what was written");

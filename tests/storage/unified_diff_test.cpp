@@ -158,12 +158,18 @@ TEST(UnifiedDiff, MakesTheNewTextOfTheOldOneInTheFewestLines) {
   }
 }
 
+#ifdef KLEPUR_SANITIZED
+constexpr std::size_t kLines = 1500;
+#else
+constexpr std::size_t kLines = 8000;
+#endif
+
 TEST(UnifiedDiff, IsRightWhereTextsDifferInThousandsOfLines) {
   RandomTexts random;
   for (const int kinds : {2, 50, 100000}) {
-    const std::string old_text = random.Text(8000, kinds);
+    const std::string old_text = random.Text(kLines, kinds);
     for (const std::string& new_text :
-         {random.Text(9000, kinds), random.Edited(old_text, 3000), std::string("1\n")}) {
+         {random.Text(kLines + 1000, kinds), random.Edited(old_text, 3000), std::string("1\n")}) {
       EXPECT_TRUE(Patched(old_text, UnifiedDiff(old_text, new_text, "f", "f")) == new_text)
           << kinds;
     }
