@@ -487,7 +487,7 @@ class ConfigFile {
   static void ChangeLine(CfSectionEntry& entry, const SectionParam* line);
 
   std::unique_ptr<internal::TreeIndex> index_;  // of the holder's tree
-  std::unique_ptr<internal::FileState> read_;   // what the file was when it was read; null before
+  std::unique_ptr<internal::FileState> read_;   // what the file was when it was read or saved
 };
 
 }  // namespace klepur

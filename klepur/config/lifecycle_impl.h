@@ -22,6 +22,7 @@ ConfigFile<Vocabulary>::ConfigFile()
     : holder(nullptr), parser(nullptr), currentNetwork(nullptr), currentSubnet(nullptr), isRead(0) {
   auto newHolder = std::make_unique<CfSectionHolder>();
   index_ = std::make_unique<internal::TreeIndex>(newHolder->topNode);
+  read_ = std::make_unique<internal::FileState>();
   parser = new DhcpParser;
   holder = newHolder.release();
 }
@@ -48,7 +49,7 @@ bool ConfigFile<Vocabulary>::ReadDhcpConfigFile() {
   Index().Drop();
   bool read = false;
   try {
-    read_ = std::make_unique<internal::FileState>(internal::FileState::OfPath(confFileName));
+    *read_ = internal::FileState::OfPath(confFileName);
     read = parser != nullptr && parser->ParseFile(confFileName.c_str(), holder);
   } catch (...) {
     return false;

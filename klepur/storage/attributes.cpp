@@ -81,9 +81,8 @@ Attributes::Attributes(int file, const std::string& path) {
 void Attributes::GiveTo(int file, const std::string& path) const {
   const char* const what = Give(file);
   if (what == nullptr) return;
-  if (errno == ENOSPC || errno == EDQUOT || errno == EIO) {
-    throw Failure(path, std::string("keep its ") + what);
-  }
+  // EINVAL: the owner has no number in this user namespace.
+  if (!IsRefusal(errno) && errno != EINVAL) throw Failure(path, std::string("keep its ") + what);
   throw Error(ErrorCode::kRefused, path + ": cannot keep its " + what + ": " +
                                        std::strerror(errno) +
                                        "; the file could only be written in place");

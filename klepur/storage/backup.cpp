@@ -19,9 +19,12 @@
 namespace klepur::internal {
 namespace {
 
-bool Exists(const std::string& path) {
+constexpr int kMostOfASecond = 10000;
+
+/// Whether a name is surely free.
+bool IsFree(const std::string& path) {
   struct stat status = {};
-  return ::lstat(path.c_str(), &status) == 0;
+  return ::lstat(path.c_str(), &status) != 0 && errno == ENOENT;
 }
 
 /// "20240517T081500Z"
@@ -37,7 +40,9 @@ std::string Now() {
 std::string FreeNameFor(const std::string& target) {
   const std::string name = target + "." + Now();
   std::string free = name;
-  for (int number = 2; Exists(free); ++number) free = name + "-" + std::to_string(number);
+  for (int number = 2; number != kMostOfASecond && !IsFree(free); ++number) {
+    free = name + "-" + std::to_string(number);
+  }
   return free;
 }
 
@@ -45,15 +50,15 @@ std::string FreeNameFor(const std::string& target) {
 
 Backup::Backup(int file, const std::string& target, const std::string& path,
                const std::string& name, bool locked) {
-  const bool made = name.empty();
-  path_ = made ? FreeNameFor(target) : TargetOf(name, IfMissing::kMake);
-  fresh_ = !Exists(path_);
+  path_ = name.empty() ? FreeNameFor(target) : TargetOf(name, IfMissing::kMake);
+  fresh_ = IsFree(path_);
   if (path_ == target || Names(path_, file)) {
     throw Error(ErrorCode::kFile, path + ": cannot make a backup: it would be the file itself");
   }
-  // A copy that is left behind is found again by the file's name: a name that is made comes once.
-  const std::string& known = made ? target : path_;
-  if (locked && !made) RemoveStrays(known);
+  // A copy that is left behind is found again beside the file, or else by the name of the backup.
+  const bool beside = FolderOf(path_) == FolderOf(target);
+  const std::string& known = beside ? target : path_;
+  if (locked && !beside) RemoveStrays(known);
   try {
     copy_ = std::make_unique<NewFile>(known, path_, 0600, locked);
     Attributes(file, path).OfferTo(copy_->File());

@@ -28,7 +28,7 @@ class NewFile {
   int File() const noexcept { return file_.Get(); }
   const std::string& Name() const noexcept { return name_; }
 
-  /// Writes a text, flushes it to the disk, reads it back and compares. Throws Error(kFile).
+  /// Writes a text, reads it back and compares, and flushes it to the disk. Throws Error(kFile).
   /// \return the checksum of the text.
   std::uint64_t Write(const Pieces& text);
 

@@ -1,6 +1,6 @@
 #include <klepur/storage/pieces.h>
 
-#include <limits.h>
+#include <fcntl.h>
 #include <sys/types.h>
 #include <sys/uio.h>
 
@@ -15,7 +15,8 @@
 namespace klepur::internal {
 namespace {
 
-constexpr std::size_t kMostAtOnce = 256;  // pieces
+constexpr std::size_t kMostAtOnce = 256;              // pieces
+constexpr std::size_t kSlice = std::size_t{8} << 20;  // bytes
 
 /// The bytes of pieces, from the first to the last.
 class Cursor {
@@ -44,6 +45,18 @@ class Cursor {
   std::size_t at_ = 0;
   std::size_t used_ = 0;
 };
+
+/// The next pieces, up to a slice of them; how many.
+std::size_t TakeSlice(const Cursor& cursor, std::array<iovec, kMostAtOnce>& parts) {
+  std::size_t count = 0;
+  for (std::size_t left = kSlice; count != std::min(parts.size(), cursor.Left()) && left != 0;
+       ++count) {
+    const std::string_view piece = cursor.Piece(count).substr(0, left);
+    parts[count] = {const_cast<char*>(piece.data()), piece.size()};
+    left -= piece.size();
+  }
+  return count;
+}
 
 /// Whether the bytes come next; the cursor is then behind them.
 bool Takes(Cursor& cursor, std::string_view bytes) {
@@ -75,18 +88,19 @@ bool Pieces::WriteTo(int file) const {
   Cursor cursor(pieces_);
   std::array<iovec, kMostAtOnce> parts;
   off_t offset = 0;
+  off_t begun = 0;
   while (!cursor.AtEnd()) {
-    const std::size_t count = std::min(parts.size(), cursor.Left());
-    for (std::size_t i = 0; i != count; ++i) {
-      const std::string_view piece = cursor.Piece(i);
-      parts[i] = {const_cast<char*>(piece.data()), piece.size()};
-    }
+    const std::size_t count = TakeSlice(cursor, parts);
     const ssize_t written = Uninterrupted(
         [&] { return ::pwritev(file, parts.data(), static_cast<int>(count), offset); });
     if (written == 0) errno = EIO;
     if (written <= 0) return false;
     offset += written;
     cursor.Skip(static_cast<std::size_t>(written));
+    if (offset - begun < static_cast<off_t>(kSlice)) continue;
+    // The disk begins while the rest is written and read back; whether it can is not asked.
+    ::sync_file_range(file, begun, offset - begun, SYNC_FILE_RANGE_WRITE);
+    begun = offset;
   }
   return true;
 }

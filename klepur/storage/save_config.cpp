@@ -18,16 +18,11 @@ struct internal::ConfigFileAccess {
     KnownFile known;
     known.path = file.confFileName;
     known.target = TargetOf(known.path, IfMissing::kMake);
-    auto state = std::make_unique<FileState>();
-    if (file.read_ == nullptr) {
-      wishes.forced = true;
-    } else {
-      known.state = *file.read_;
-    }
+    if (file.isRead == 0) wishes.forced = true;
+    known.state = *file.read_;
     const std::string text = file.Text();
     auto facts = internal::Save(known, Pieces(text), wishes);
-    *state = known.state;
-    file.read_ = std::move(state);
+    *file.read_ = known.state;
     return SaveReport(std::move(facts));
   }
 };

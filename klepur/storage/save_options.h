@@ -47,7 +47,8 @@ class KLEPUR_EXPORT SaveOptions {
 
   /// Lets a program judge the new text before it replaces the old one. It is started without a shell, its
   /// standard input empty, its last argument the path of a file that holds the new text, and accepts
-  /// it by ending with 0. Anything else refuses it: see RejectedText.
+  /// it by ending with 0. Anything else refuses it: see RejectedText. Its end is a SIGCHLD for this process,
+  /// whose handler must not take the status of children that are not its own.
   ///
   /// \param command  the program and its arguments: {"/usr/sbin/dhcpd", "-t", "-4", "-cf"}. A name
   ///                 without "/" is looked for in the folders of PATH. An empty list asks for no verifier.

@@ -105,7 +105,7 @@ class Saving {
       throw FailureToReplace(path_, "replace the file");
     }
     // Whose lock is not held may be somebody's who saves without one.
-    if (locked_) facts_->strays_removed = RemoveStrays(target_);
+    if (locked_) TidyUp();
     const Descriptor folder(Uninterrupted(
         [&] { return ::open(FolderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     NewFile fresh(target_, path_, Exists() ? kPrivate : kAsUsual, locked_);
@@ -124,6 +124,14 @@ class Saving {
     facts_->warning = FlushFolder(folder, path_);
     Know(fresh.File(), sum);
     if (locked_) next_lock_ = FileLock(fresh.Take());
+  }
+
+  /// Removes strays. One of them may have been another name of the file, whose time has then changed.
+  void TidyUp() {
+    facts_->strays_removed = RemoveStrays(target_);
+    if (facts_->strays_removed.empty() || !Exists()) return;
+    if (::fstat(file_, &seen_) != 0) throw Failure(path_, "look at the file");
+    if (!wishes_.forced) RequireUnchanged();
   }
 
   void OverWrite() {
@@ -149,7 +157,8 @@ class Saving {
     if (!memory.IsOpen() || !text_.WriteTo(memory.Get())) {
       throw Failure(path_, "write the text for the verifier");
     }
-    Judge("/proc/" + std::to_string(::getpid()) + "/fd/" + std::to_string(memory.Get()));
+    facts_->verifier_output =
+        VerifyOpen(wishes_.verifier, wishes_.verifier_limit, memory.Get(), path_);
   }
 
   Backup MakeBackup() const {

@@ -125,7 +125,11 @@ std::string StoredFile::ReadText() {
 }
 
 bool StoredFile::HasChanged() const {
-  if (internal::TargetOf(state_->path, IfMissing::kMake) != state_->target) return true;
+  try {
+    if (internal::TargetOf(state_->path, IfMissing::kMake) != state_->target) return true;
+  } catch (const Error&) {
+    return true;  // it leads nowhere
+  }
   const Descriptor file =
       internal::OpenTarget(state_->target, state_->path, IfMissing::kMake, O_RDONLY);
   if (!file.IsOpen()) return state_->state.Exists();

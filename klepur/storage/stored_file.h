@@ -29,8 +29,8 @@ enum class IfMissing {
 ///
 /// **What a save promises.** At every moment, however the process or the machine ends, the path holds
 /// the whole old or the whole new text, except where the caller allowed writing in place
-/// (SaveOptions::InPlaceIfNeeded). The new text is written to a file beside the old one, flushed, read back and
-/// compared, and renamed over it; then the folder is flushed. Owner, group, mode, access lists and
+/// (SaveOptions::InPlaceIfNeeded). The new text is written to a file beside the old one, read back and
+/// compared, flushed, and renamed over it; then the folder is flushed. Owner, group, mode, access lists and
 /// extended attributes stay; a symbolic link stays one, and what it leads to is replaced. Other hard links to
 /// the file keep the old text. docs/storage.md says on which file systems this holds.
 ///

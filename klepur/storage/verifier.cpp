@@ -28,6 +28,8 @@ using std::chrono::milliseconds;
 
 constexpr std::size_t kMostOutput = std::size_t{1} << 20;
 constexpr std::chrono::hours kForever{24 * 365};
+constexpr int kNoFile = -1;
+constexpr int kFileOfChild = 3;
 constexpr int kLongestPause = 20;  // milliseconds
 
 /// Both ends of a pipe, out of the way of the standard streams.
@@ -37,8 +39,8 @@ struct Pipe {
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw Failure(path, "make a pipe for the verifier");
     read = Descriptor(ends[0]);
     write = Descriptor(ends[1]);
-    if (ends[1] <= STDERR_FILENO) {
-      write = Descriptor(::fcntl(ends[1], F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    if (ends[1] <= kFileOfChild) {
+      write = Descriptor(::fcntl(ends[1], F_DUPFD_CLOEXEC, kFileOfChild + 1));
       if (!write.IsOpen()) throw Failure(path, "make a pipe for the verifier");
     }
     if (::fcntl(ends[0], F_SETFL, O_NONBLOCK) != 0) {
@@ -50,11 +52,11 @@ struct Pipe {
   Descriptor write;
 };
 
-/// How a child is started: with the pipe's end as both outputs and an empty input, in a group of its own, no
-/// signal blocked or ignored that a program counts on.
+/// How a child is started: with the pipe's end as both outputs, an empty input and perhaps an open file, in a
+/// group of its own, no signal blocked or ignored that a program counts on.
 class Start {
  public:
-  explicit Start(int output) {
+  Start(int output, int file) {
     ::posix_spawn_file_actions_init(&actions_);
     ::posix_spawnattr_init(&attributes_);
     sigset_t none = {};
@@ -68,10 +70,12 @@ class Start {
     ::posix_spawnattr_setpgroup(&attributes_, 0);
     ::posix_spawnattr_setflags(
         &attributes_, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    complete_ = ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY,
-                                                   0) == 0 &&
-                ::posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO) == 0 &&
-                ::posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO) == 0;
+    complete_ =
+        ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0) ==
+            0 &&
+        ::posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO) == 0 &&
+        ::posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO) == 0 &&
+        (file == kNoFile || ::posix_spawn_file_actions_adddup2(&actions_, file, kFileOfChild) == 0);
   }
   Start(const Start&) = delete;
   Start& operator=(const Start&) = delete;
@@ -95,12 +99,13 @@ class Start {
 /// A child that does not outlive this.
 class Child {
  public:
-  Child(std::vector<std::string> words, int output, const std::string& path) : path_(path) {
+  Child(std::vector<std::string> words, int output, int file, const std::string& path)
+      : path_(path) {
     std::vector<char*> arguments;
     arguments.reserve(words.size() + 1);
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
-    const int reason = Start(output).Run(arguments.data(), &process_);
+    const int reason = Start(output, file).Run(arguments.data(), &process_);
     if (reason == 0) return;
     throw Failure(ErrorCode::kFile, path, "run the verifier " + words.front(), reason);
   }
@@ -166,21 +171,32 @@ std::string EndOf(int status) {
   return "it ended with " + std::to_string(WEXITSTATUS(status));
 }
 
-}  // namespace
-
-std::string Verify(const std::vector<std::string>& command, milliseconds limit,
-                   const std::string& file, const std::string& path) {
+/// \param name  what the program is told the file's path is. \param file  what it gets open, or kNoFile.
+std::string Run(const std::vector<std::string>& command, milliseconds limit,
+                const std::string& name, int file, const std::string& path) {
   Pipe pipe(path);
   std::vector<std::string> words = command;
-  words.push_back(file);
+  words.push_back(name);
   auto output = std::make_shared<std::string>();
-  Child child(std::move(words), pipe.write.Get(), path);
+  Child child(std::move(words), pipe.write.Get(), file, path);
   pipe.write = Descriptor();
   const bool in_time = Await(child, pipe.read, limit, *output);
   if (in_time && *child.Status() == 0) return std::move(*output);
   throw RejectedText(path + ": the verifier " + command.front() + " did not accept the new text: " +
                          (in_time ? EndOf(*child.Status()) : "it took too long"),
                      std::move(output));
+}
+
+}  // namespace
+
+std::string Verify(const std::vector<std::string>& command, milliseconds limit,
+                   const std::string& file, const std::string& path) {
+  return Run(command, limit, file, kNoFile, path);
+}
+
+std::string VerifyOpen(const std::vector<std::string>& command, milliseconds limit, int file,
+                       const std::string& path) {
+  return Run(command, limit, "/proc/self/fd/" + std::to_string(kFileOfChild), file, path);
 }
 
 }  // namespace klepur::internal

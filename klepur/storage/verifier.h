@@ -16,6 +16,10 @@ namespace klepur::internal {
 std::string Verify(const std::vector<std::string>& command, std::chrono::milliseconds limit,
                    const std::string& file, const std::string& path);
 
+/// The same with a file that has no name. The program gets it open, and "/proc/self/fd/3" as its path.
+std::string VerifyOpen(const std::vector<std::string>& command, std::chrono::milliseconds limit,
+                       int file, const std::string& path);
+
 }  // namespace klepur::internal
 
 #endif

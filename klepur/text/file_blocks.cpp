@@ -6,9 +6,21 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <functional>
+#include <bit>
+#include <cstring>
 
 namespace klepur::internal {
+namespace {
+
+/// Odd numbers whose bits look random.
+constexpr std::uint64_t kFirst = 0x9e3779b97f4a7c15U;
+constexpr std::uint64_t kSecond = 0xbf58476d1ce4e5b9U;
+
+std::uint64_t Mixed(std::uint64_t sum, std::uint64_t word) noexcept {
+  return std::rotl(sum + word * kFirst, 31) * kSecond;
+}
+
+}  // namespace
 
 std::optional<std::string_view> FileBlocks::Next() noexcept {
   std::size_t read = 0;
@@ -26,9 +38,22 @@ std::optional<std::string_view> FileBlocks::Next() noexcept {
 }
 
 void Checksum::Add(std::string_view block) noexcept {
-  if (block.empty()) return;
-  const std::uint64_t sum = std::hash<std::string_view>{}(block);
-  value_ = (((value_ << 5) | (value_ >> 59)) ^ sum) * 0x9e3779b97f4a7c15U;
+  std::array<std::uint64_t, 4> words = {};
+  for (; block.size() >= sizeof words; block.remove_prefix(sizeof words)) {
+    std::memcpy(words.data(), block.data(), sizeof words);
+    for (std::size_t i = 0; i != words.size(); ++i) sums_[i] = Mixed(sums_[i], words[i]);
+  }
+  if (block.empty()) return;  // as all but the last block of a file
+  words = {};
+  std::memcpy(words.data(), block.data(), block.size());
+  for (std::size_t i = 0; i != words.size(); ++i) sums_[i] = Mixed(sums_[i], words[i]);
+  sums_[0] = Mixed(sums_[0], block.size());
+}
+
+std::uint64_t Checksum::Value() const noexcept {
+  std::uint64_t value = 0;
+  for (const std::uint64_t sum : sums_) value = Mixed(value, sum);
+  return value;
 }
 
 std::uint64_t Checksum::Of(std::string_view text) noexcept {

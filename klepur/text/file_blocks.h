@@ -32,7 +32,7 @@ class FileBlocks {
 class Checksum {
  public:
   void Add(std::string_view block) noexcept;
-  std::uint64_t Value() const noexcept { return value_; }
+  std::uint64_t Value() const noexcept;
 
   /// That of a text that stands in memory.
   static std::uint64_t Of(std::string_view text) noexcept;
@@ -40,7 +40,8 @@ class Checksum {
   static std::optional<std::uint64_t> OfFile(int file) noexcept;
 
  private:
-  std::uint64_t value_ = 0;
+  // Four sums of every fourth word each, which a processor works on at once.
+  std::array<std::uint64_t, 4> sums_ = {1, 2, 3, 4};
 };
 
 }  // namespace klepur::internal

@@ -66,8 +66,8 @@ FileState FileState::OfPath(const std::string& path) noexcept {
     state.status_ = status;
     return state;
   }
-  const Descriptor file(
-      Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY); }));
+  const int flags = O_RDONLY | O_CLOEXEC | O_NOCTTY;
+  const Descriptor file(Uninterrupted([&] { return ::openat(AT_FDCWD, path.c_str(), flags); }));
   return file.IsOpen() ? OfFile(file.Get()).value_or(FileState()) : FileState();
 }
 
