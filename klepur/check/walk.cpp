@@ -161,7 +161,7 @@ void Walk::Look(const Item& item, bool broken) {
   if (item.word == nullptr) return Show(Shown::kUnknownWords, item);
   facts_.seen6 = facts_.seen6 || TellsDhcp6(*item.word);
   facts_.seen4 = facts_.seen4 || TellsDhcp4(item.word->name);
-  NotePlace(item);
+  if (!item.unfinished) NotePlace(item);
 }
 
 /// Remembers a word that is not taken where it stands; whether that counts is known when the family is.
