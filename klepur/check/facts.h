@@ -95,7 +95,8 @@ struct Facts {
   std::vector<NamedFact> option_definitions;  ///< "space.name"
   std::vector<NamedFact> option_spaces;
   std::vector<NamedFact> includes;
-  std::vector<NamedFact> unknown_options;  ///< Each use of an option that is in no table.
+  /// Each use of an option, in a statement or an expression, that is not in the table of words.
+  std::vector<NamedFact> option_uses;
   std::vector<MisplacedFact> misplaced;
 };
 

@@ -1,8 +1,6 @@
 // Two hosts of one network with the same card: the server serves the one that it comes to first.
+#include <klepur/check/equal_values.h>
 #include <klepur/check/rules/rules.h>
-
-#include <algorithm>
-#include <vector>
 
 namespace klepur::internal {
 namespace {
@@ -16,20 +14,20 @@ NodeId NetworkOf(const HostFact& host) {
 }  // namespace
 
 void DuplicateHardwareAddress(const Facts& facts, Report& report) {
-  std::vector<const OfHost<HardwareAddress>*> sorted;
-  sorted.reserve(facts.hardware.size());
-  for (const auto& hardware : facts.hardware) sorted.push_back(&hardware);
-  std::stable_sort(sorted.begin(), sorted.end(),
-                   [](const auto* left, const auto* right) { return left->value < right->value; });
-  for (std::size_t i = 1; i < sorted.size(); ++i) {
-    const auto& before = *sorted[i - 1];
-    const auto& here = *sorted[i];
-    if (before.value != here.value || before.host == here.host) continue;
-    if (NetworkOf(facts.hosts[before.host]) != NetworkOf(facts.hosts[here.host])) continue;
-    report.Add({.node = here.statement,
-                .message = "the hardware address " + here.value.Text() + " is that of another host",
-                .other = before.statement});
-  }
+  const auto& all = facts.hardware;
+  const auto network = [&](std::uint32_t i) { return NetworkOf(facts.hosts[all[i].host]); };
+  ForEachEqual(
+      all.size(), [&](std::uint32_t i) { return all[i].value.Hash() ^ network(i); },
+      [&](std::uint32_t i, std::uint32_t j) {
+        return all[i].value == all[j].value && network(i) == network(j);
+      },
+      [&](std::uint32_t earlier, std::uint32_t later) {
+        if (all[earlier].host == all[later].host) return;
+        report.Add({.node = all[later].statement,
+                    .message = "the hardware address " + all[later].value.Text() +
+                               " is that of another host",
+                    .other = all[earlier].statement});
+      });
 }
 
 }  // namespace klepur::internal
