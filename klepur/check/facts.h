@@ -120,13 +120,13 @@ struct Facts {
   std::vector<NamedFact> group_uses;
   std::vector<NamedFact> key_uses;
   std::vector<NamedFact> failover_peer_uses;
-  std::vector<NamedFact> option_uses;  ///< In expressions.
   std::vector<NamedFact> keys;
   std::vector<NamedFact> failover_peers;
   std::vector<NamedFact> option_definitions;  ///< "space.name"
   std::vector<NamedFact> option_spaces;
   std::vector<NamedFact> includes;
-  std::vector<NamedFact> unknown_options;  ///< Each use of an option that is in no table.
+  /// Each use of an option, in a statement or an expression, that is not in the table of words.
+  std::vector<NamedFact> option_uses;
   std::vector<MisplacedFact> misplaced;
 };
 

@@ -1,6 +1,7 @@
 #include <klepur/check/gathering.h>
 
 #include <klepur/document/words_of_text.h>
+#include <klepur/language/word_index.h>
 #include <klepur/network/value_address.h>
 #include <klepur/network/value_words.h>
 #include <klepur/text/letters.h>
@@ -89,28 +90,70 @@ void AddOfSubnet(const Item& item, const std::optional<Value>& value,
   if (value) facts.push_back({*value, item.id, around.subnet, around.pool, around.shared_network});
 }
 
-/// "option NAME code ..." and "option space NAME ...".
+/// Whether a word is followed by the name of an option in an expression.
+bool NamesOption(std::string_view word) {
+  return EqualButForCase(word, "option") || EqualButForCase(word, "exists") ||
+         EqualButForCase(word, "config-option");
+}
+
+void AddOptionUse(NodeId node, std::string_view name, Facts& facts) {
+  if (name.empty() || name.front() == '"' || FindTwoWords("option", name) != nullptr) return;
+  facts.option_uses.push_back({node, name});
+}
+
+/// The options that an expression asks for.
+void GatherExpression(const Item& item, Facts& facts) {
+  WordsOfText words(item.value);
+  for (std::string_view word = words.Next(); !word.empty(); word = words.Next()) {
+    if (!NamesOption(word)) continue;
+    const WordsOfText before = words;
+    const std::string_view name = words.Next();
+    if (!name.empty() && IsLetter(name.front())) {
+      WordsOfText behind = words;
+      if (behind.Next() != ".") AddOptionUse(item.id, name, facts);
+    } else {
+      words = before;
+    }
+  }
+}
+
+bool HasExpression(const Item& item) {
+  const Word* const word = item.word;
+  if (word == nullptr) return item.value.find('(') != std::string_view::npos;
+  if (word->kind == WordKind::kConditional) return true;
+  const std::string_view value = WithoutLeadingBlanks(item.value);
+  if (!value.empty() && value.front() == '=') return true;
+  return word->value.find("expression") != std::string_view::npos ||
+         word->name == "host-identifier";
+}
+
+/// "option NAME code ..." and "option space NAME", and the options that are set.
 void GatherOption(const Item& item, Facts& facts) {
   WordsOfText words(item.value);
-  if (EqualButForCase(item.second, "space")) {
-    facts.option_spaces.push_back({item.id, words.Next()});
-    return;
-  }
   const std::string_view next = words.Next();
-  if (EqualButForCase(next, "code")) {
-    facts.option_definitions.push_back({item.id, item.second});
-  } else if (item.word == nullptr || item.word->name == "option") {
-    facts.unknown_options.push_back({item.id, item.second});
+  if (EqualButForCase(item.second, "space")) {
+    facts.option_spaces.push_back({item.id, next});
+  } else if (EqualButForCase(next, "code")) {
+    const std::string_view number = words.Next();
+    if (!number.empty() && number != ",")
+      facts.option_definitions.push_back({item.id, item.second});
+  } else if (next.empty() || next.front() != '.') {
+    AddOptionUse(item.id, item.second, facts);
   }
+}
+
+/// "append NAME value" and the like.
+bool IsOptionChange(const Word& word) {
+  return word.value == "OPTION value";
 }
 
 }  // namespace
 
 void GatherStatement(const Item& item, Facts& facts) {
+  if (HasExpression(item)) GatherExpression(item, facts);
   if (EqualButForCase(item.first, "option")) {
-    if (item.word == nullptr || item.word->kind != WordKind::kOption) {
+    if (item.word == nullptr || item.word->kind != WordKind::kOption)
       return GatherOption(item, facts);
-    }
   } else if (item.word == nullptr) {
     return;
   }
@@ -123,10 +166,13 @@ void GatherStatement(const Item& item, Facts& facts) {
     AddOfSubnet(item, PrefixRange::Parse(item.value), facts.prefix_ranges);
   } else if (name == "include") {
     facts.includes.push_back({item.id, Trimmed(item.value)});
+  } else if (IsOptionChange(*item.word)) {
+    AddOptionUse(item.id, FirstWord(item.value), facts);
   }
 }
 
 Frame GatherBlock(const Item& item, Facts& facts) {
+  if (HasExpression(item)) GatherExpression(item, facts);
   Frame frame = item.around;
   frame.id = item.id;
   frame.scope = ScopeOf(item.word);

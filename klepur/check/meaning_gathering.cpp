@@ -72,24 +72,10 @@ void Add(const Item& item, std::string_view name, std::vector<NamedFact>& facts)
   if (!name.empty()) facts.push_back({item.id, name});
 }
 
-/// "option NAME" in an expression: behind the first word of a statement or header.
-void GatherOptionsInExpression(const Item& item, Facts& facts) {
-  const std::string_view rest = item.text.substr(item.first.size());
-  if (rest.find("ption") == std::string_view::npos && rest.find("PTION") == std::string_view::npos)
-    return;
-  WordsOfText words(rest);
-  for (std::string_view word = words.Next(); !word.empty(); word = words.Next()) {
-    if (EqualButForCase(word, "option") || EqualButForCase(word, "config-option")) {
-      Add(item, words.Next(), facts.option_uses);
-    }
-  }
-}
-
 }  // namespace
 
 void GatherReferences(const Item& item, Facts& facts) {
   const bool statement = item.kind == NodeKind::kStatement;
-  GatherOptionsInExpression(item, facts);
   if (Is(item, "subclass") || Is(item, "vendor-class") || Is(item, "user-class")) {
     Add(item, SecondWord(item), facts.class_uses);
   } else if (Is(item, "allow") || Is(item, "deny")) {

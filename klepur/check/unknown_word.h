@@ -10,6 +10,11 @@ namespace klepur::internal {
 /// an expression when it stands alone or an operator or a parenthesis follows.
 bool IsRefusedUnknownWord(const Item& item);
 
+/// Whether it is an "allow", "deny" or "ignore".
+bool IsPermission(const Item& item);
+/// Whether a byte in it is no ASCII.
+bool HasForeignByte(std::string_view word);
+
 }  // namespace klepur::internal
 
 #endif

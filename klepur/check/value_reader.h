@@ -28,11 +28,13 @@ void ReadAddressOrName(ValueWords& words, std::string_view type, ValueProblem& p
 void ReadChoice(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadData(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadDomain(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadDomainName(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadFlag(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadHardware(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadNumber(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadPrefix(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadPrefixRange(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadQuotedText(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadRange(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadText(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadTime(ValueWords& words, std::string_view type, ValueProblem& problem);

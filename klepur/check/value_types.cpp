@@ -19,11 +19,12 @@ struct ValueType {
   ValueReader read;
 };
 
-// What the table of words calls types. "quoted text" is not checked for its quotes: the server takes a word.
+// What the table of words calls types.
 constexpr ValueType kTypes[] = {
     {"address-or-name", ReadAddressOrName},
     {"count", ReadNumber},
     {"domain", ReadDomain},
+    {"domain-name", ReadDomainName},
     {"flag", ReadFlag},
     {"hardware", ReadHardware},
     {"int32", ReadNumber},
@@ -35,6 +36,7 @@ constexpr ValueType kTypes[] = {
     {"port", ReadNumber},
     {"prefix", ReadPrefix},
     {"prefix-range", ReadPrefixRange},
+    {"quoted-text", ReadQuotedText},
     {"range", ReadRange},
     {"range6", ReadRange},
     {"seconds", ReadTime},
@@ -44,6 +46,9 @@ constexpr ValueType kTypes[] = {
     {"uint32", ReadNumber},
     {"uint8", ReadNumber},
 };
+
+// The type of options that say something by being there.
+constexpr std::string_view kNoValue = "zerolen";
 
 /// What a value is made of.
 struct ValueForm {
@@ -67,6 +72,7 @@ ValueForm FormOf(std::string_view value) {
   while (!value.empty()) {
     const std::string_view type = value.substr(0, value.find(' '));
     value.remove_prefix(std::min(type.size() + 1, value.size()));
+    if (type == kNoValue) continue;
     if (type == "list" && value.empty()) {
       const bool alike = form.parts.size() < 2 || form.parts.front() == form.parts.back();
       form.again = alike ? form.parts : ValueForm::Parts{form.parts.back()};
@@ -158,9 +164,16 @@ std::string Excerpt(std::string_view text) {
 }
 
 void CheckValue(const Item& item, Report& report) {
-  const ValueForm& form = FormOfWord(item.word);
+  std::string_view value = WithoutLeadingBlanks(item.value);
+  const Word* word = item.word;
+  if (word->value == "OPTION value") {  // append, supersede and the like: that of the option
+    ValueWords words(value);
+    word = words.AtEnd() ? nullptr : FindTwoWords("option", words.Next()->text);
+    value = words.Rest();
+  }
+  if (word == nullptr) return;
+  const ValueForm& form = FormOfWord(word);
   if (!form.is_checked) return;
-  const std::string_view value = WithoutLeadingBlanks(item.value);
   if (!value.empty() && value.front() == '=') return;
   ValueProblem problem = ProblemOf(value, form);
   if (!problem ||

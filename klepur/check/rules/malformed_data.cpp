@@ -34,9 +34,7 @@ void ReadData(ValueWords& words, std::string_view /*type*/, ValueProblem& proble
     return !words.AtEnd() && (bytes.back() == ':' || words.Rest().front() == ':');
   };
   while (first.kind == ValueWord::kPlain && goes_on()) bytes += words.Next()->text;
-  const bool is_word = bytes.find(':') == std::string::npos && IsLetter(bytes.front()) &&
-                       std::all_of(bytes.begin(), bytes.end(), IsWordByte);
-  if (first.kind == ValueWord::kPlain && (is_word || AreHexBytes(bytes))) return;
+  if (first.kind == ValueWord::kPlain && AreHexBytes(bytes)) return;
   problem = {
       "malformed-data", first.text,
       Excerpt(bytes) + " is neither a text between quotes nor bytes in hexadecimal, as 01:2f"};

@@ -23,6 +23,18 @@ void ReadText(ValueWords& words, std::string_view /*type*/, ValueProblem& proble
              Excerpt(word.text) + " is no text: quotes around it are missing"};
 }
 
+void ReadQuotedText(ValueWords& words, std::string_view /*type*/, ValueProblem& problem) {
+  const ValueWord word = *words.Next();
+  if (word.kind == ValueWord::kQuoted) return;
+  problem = {"malformed-text", word.text, "quotes are missing around " + Excerpt(word.text)};
+}
+
+void ReadDomainName(ValueWords& words, std::string_view /*type*/, ValueProblem& problem) {
+  const ValueWord word = *words.Next();
+  if (word.kind == ValueWord::kPlain) return;
+  problem = {"malformed-text", word.text, Excerpt(word.text) + " stands without quotes here"};
+}
+
 void ReadDomain(ValueWords& words, std::string_view /*type*/, ValueProblem& problem) {
   const ValueWord word = *words.Next();
   if (word.kind != ValueWord::kQuoted) {

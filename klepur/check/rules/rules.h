@@ -5,16 +5,31 @@
 #include <klepur/check/facts.h>
 #include <klepur/check/item.h>
 #include <klepur/check/report.h>
+#include <klepur/check/value_reader.h>
 
 namespace klepur::internal {
 
 // Shown statements and blocks one by one.
-void MisspelledKeyword(const Item& item, const Facts& facts, Report& report);
+void ForeignCharacter(const Item& item, const Facts& facts, Report& report);
+void HostBits(const Item& item, const Facts& facts, Report& report);
+void LabelWithoutColon(const Item& item, const Facts& facts, Report& report);
+void LoneWord(const Item& item, const Facts& facts, Report& report);
+void MalformedName(const Item& item, const Facts& facts, Report& report);
+void MalformedSubnet(const Item& item, const Facts& facts, Report& report);
 void MissingBlock(const Item& item, const Facts& facts, Report& report);
+void MisspelledKeyword(const Item& item, const Facts& facts, Report& report);
+void NetmaskWithHoles(const Item& item, const Facts& facts, Report& report);
+void SurplusBlock(const Item& item, const Facts& facts, Report& report);
+void UnknownPermission(const Item& item, const Facts& facts, Report& report);
+void UnknownStatement(const Item& item, const Facts& facts, Report& report);
 
 // Shown the facts of the whole file.
 void DuplicateHost(const Facts& facts, Report& report);
 void DuplicateHardwareAddress(const Facts& facts, Report& report);
+void MalformedDefinition(const Facts& facts, Report& report);
+void MisplacedStatement(const Facts& facts, Report& report);
+void UnknownOption(const Facts& facts, Report& report);
+void UnknownOptionSpace(const Facts& facts, Report& report);
 void DuplicateIdentifier(const Facts& facts, Report& report);
 void DuplicateHostName(const Facts& facts, Report& report);
 void DuplicateFixedAddress(const Facts& facts, Report& report);
@@ -39,7 +54,7 @@ void UndeclaredClass(const Facts& facts, Report& report);
 void UndeclaredFailoverPeer(const Facts& facts, Report& report);
 void UndeclaredGroup(const Facts& facts, Report& report);
 void UndeclaredKey(const Facts& facts, Report& report);
-void UndeclaredOption(const Facts& facts, Report& report);
+void OptionBeforeDefinition(const Facts& facts, Report& report);
 void UnusedClass(const Facts& facts, Report& report);
 void UnusedFailoverPeer(const Facts& facts, Report& report);
 void UnusedGroup(const Facts& facts, Report& report);

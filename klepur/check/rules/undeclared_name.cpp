@@ -1,8 +1,7 @@
-// Classes, failover peers, groups, keys and options that are used and not declared, or declared below.
+// Classes, failover peers, groups and keys that are used and not declared, or declared below; options that are
+// defined below.
 #include <klepur/check/rules/references.h>
 #include <klepur/check/rules/rules.h>
-
-#include <klepur/language/word_index.h>
 
 namespace klepur::internal {
 
@@ -25,17 +24,13 @@ void UndeclaredKey(const Facts& facts, Report& report) {
   ReportUndeclared(facts, facts.key_uses, Declarations(facts.keys, Case::kIgnored), "key", report);
 }
 
-void UndeclaredOption(const Facts& facts, Report& report) {
+void OptionBeforeDefinition(const Facts& facts, Report& report) {
   const Declarations definitions(facts.option_definitions, Case::kIgnored);
-  ReportUndeclared(facts, facts.unknown_options, definitions, "option", report);
-  std::vector<NamedFact> unknown;
+  std::vector<NamedFact> defined;
   for (const NamedFact& use : facts.option_uses) {
-    const std::string name = Spelled(use.name, Case::kIgnored);
-    // The server's own parameters can be asked for as options of the space "server".
-    if (name.rfind("server.", 0) == 0 || FindTwoWords("option", name) != nullptr) continue;
-    unknown.push_back(use);
+    if (definitions.Find(use.name) != kNoNode) defined.push_back(use);
   }
-  ReportUndeclared(facts, unknown, definitions, "option", report);
+  ReportUndeclared(facts, defined, definitions, "option", report);
 }
 
 }  // namespace klepur::internal

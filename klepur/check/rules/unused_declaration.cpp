@@ -52,8 +52,8 @@ void UnusedKey(const Facts& facts, Report& report) {
 }
 
 void UnusedOption(const Facts& facts, Report& report) {
-  ReportUnused(facts, facts.option_definitions, {&facts.unknown_options, &facts.option_uses},
-               Case::kIgnored, "option", report);
+  ReportUnused(facts, facts.option_definitions, {&facts.option_uses}, Case::kIgnored, "option",
+               report);
 }
 
 }  // namespace klepur::internal
