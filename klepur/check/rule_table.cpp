@@ -118,7 +118,6 @@ constexpr Rule kTable[] = {
      OverlappingPrefixPools},
     {"prefix-pool-with-addresses", kWarning, "A prefix is given out, and addresses in it",
      PrefixPoolWithAddresses},
-    {"prefix-host-bits", kError, "A prefix has bits set behind its length", PrefixHostBits},
     {"lease-times-at-odds", kWarning, "A lease time is above one that it should be below",
      LeaseTimesAtOdds},
 

@@ -20,12 +20,13 @@ constexpr const char* kThreeMistakes =
     "host b { hardware ethernet 0:16:3E:0:0:1; }\n";
 
 TEST(Checker, TellsAllInTheOrderOfTheFile) {
-  EXPECT_EQ(Checked(kThreeMistakes),
-            "1:12: error: \"yes\" is no flag: that is on, off, true or false [malformed-flag]\n"
-            "3:1: error: \"max-laese-time\" is unknown; \"max-lease-time\" may be meant "
-            "[misspelled-keyword]\n"
-            "4:10: warning: the hardware address 00:16:3e:00:00:01 is that of another host (also in "
-            "line 2) [duplicate-hardware-address]\n");
+  EXPECT_EQ(
+      Checked(kThreeMistakes),
+      "1:12: error: \"yes\" is no flag: that is on, off, true or false [malformed-flag]\n"
+      "3:1: error: \"max-laese-time\" is unknown; \"max-lease-time\" may be meant "
+      "[misspelled-keyword]\n"
+      "4:10: warning: the hardware address 00:16:3e:00:00:01 is that of another host (also in "
+      "line 2) [duplicate-hardware-address]\n");
 }
 
 TEST(Checker, NamesTheFile) {
@@ -45,12 +46,14 @@ TEST(Checker, LeavesOutRulesThatAreOff) {
 
 TEST(Checker, HeedsWhatACommentAllows) {
   const CheckCase cases[] = {
-      {"# klepur: allow malformed-flag\nping-check yes;\nping-check yes;\n", "3:12 malformed-flag\n"},
+      {"# klepur: allow malformed-flag\nping-check yes;\nping-check yes;\n",
+       "3:12 malformed-flag\n"},
       {"#klepur:allow malformed-flag\nping-check yes;\n", "2:12 malformed-flag\n"},
       {"## klepur: allow malformed-time, malformed-flag\n# why\n\nping-check yes;\n", ""},
       {"# klepur: allow malformed-time\nping-check yes;\n", "2:12 malformed-flag\n"},
-      {"# klepur: allow malformed-flag\ngroup {\n  host a { ping-check yes; }\n}\n", ""},
-      {"group {\n  # klepur: allow malformed-flag\n  host a { ping-check yes; }\n  ping-check 1;\n}\n",
+      {"# klepur: allow malformed-flag\ngroup {\n  group { ping-check yes; }\n}\n", ""},
+      {"group {\n  # klepur: allow malformed-flag\n  group { ping-check yes; }\n  ping-check "
+       "1;\n}\n",
        "4:14 malformed-flag\n"},
       {"# klepur: allow no-such-rule\nping-check yes;\n", "2:12 malformed-flag\n"},
       {"# klepur: allow malformed-flag\n", ""},

@@ -10,8 +10,6 @@
 namespace klepur::internal {
 
 void MissingInclude(const Facts& facts, Report& report) {
-  // A text that is of no file can be that of another machine.
-  if (facts.state.path.empty()) return;
   for (const NamedFact& include : facts.includes) {
     const std::string path = WithoutQuotes(include.name);
     std::error_code failure;

@@ -22,7 +22,7 @@ void ReportIf(bool handed_out, const char* what, const klepur::Address& address,
 void NetworkAddressHandedOut(const Facts& facts, Report& report) {
   for (const auto& range : facts.ranges) {
     const SubnetFact* const subnet = facts.subnet_table.Around(range.value.First());
-    if (!HasBroadcast(subnet)) continue;
+    if (!HasBroadcast(subnet) || !subnet->prefix.Contains(range.value.Last())) continue;
     const klepur::Address network = subnet->prefix.First();
     const klepur::Address broadcast = subnet->prefix.Last();
     ReportIf(range.value.Contains(network), "network", network, range.statement, *subnet, report);

@@ -13,31 +13,37 @@ std::vector<RangeRow> RowsOfFamily(const Facts& facts, bool is_v4) {
   return rows;
 }
 
-void ReportOverlaps(std::vector<RangeRow> rows, Report& report) {
+/// Of two ranges the later one is told; nodes are numbered in the order of the text unless it was edited.
+template <class Message>
+void ReportOverlaps(std::vector<RangeRow> rows, const Message& message, Report& report) {
   ForEachOverlap(std::move(rows), [&](const RangeRow& one, const RangeRow& other) {
-    // Of two the later one is told; nodes are numbered in the order of the text unless it was edited.
-    const auto [before, here] = std::minmax(one.statement, other.statement);
-    const RangeRow& told = here == one.statement ? one : other;
-    const RangeRow& kept = here == one.statement ? other : one;
+    const RangeRow& here = one.statement > other.statement ? one : other;
+    const RangeRow& before = one.statement > other.statement ? other : one;
     report.Add(
-        {.node = here,
-         .message = "the range " + told.range.Text() + " overlaps the range " + kept.range.Text(),
-         .other = before});
+        {.node = here.statement, .message = message(here, before), .other = before.statement});
   });
+}
+
+std::string OfAddresses(const RangeRow& here, const RangeRow& before) {
+  return "the range " + here.range.Text() + " overlaps the range " + before.range.Text();
+}
+
+std::string OfPrefixes(const RangeRow& /*here*/, const RangeRow& /*before*/) {
+  return "prefixes of this pool are given out by another one too";
 }
 
 }  // namespace
 
 void OverlappingRanges(const Facts& facts, Report& report) {
-  ReportOverlaps(RowsOfFamily(facts, true), report);
+  ReportOverlaps(RowsOfFamily(facts, true), OfAddresses, report);
 }
 
 void OverlappingRanges6(const Facts& facts, Report& report) {
-  ReportOverlaps(RowsOfFamily(facts, false), report);
+  ReportOverlaps(RowsOfFamily(facts, false), OfAddresses, report);
 }
 
 void OverlappingPrefixPools(const Facts& facts, Report& report) {
-  ReportOverlaps(RowsOf(facts.prefix_ranges), report);
+  ReportOverlaps(RowsOf(facts.prefix_ranges), OfPrefixes, report);
 }
 
 }  // namespace klepur::internal

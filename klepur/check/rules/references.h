@@ -75,7 +75,7 @@ inline void ReportUndeclared(const Facts& facts, const std::vector<NamedFact>& u
   }
 }
 
-/// Reports each declaration of a name that nothing uses. An included file may use it.
+/// Reports each whole declaration of a name that nothing uses. An included file may use it.
 inline void ReportUnused(const Facts& facts, const std::vector<NamedFact>& declarations,
                          const std::vector<const std::vector<NamedFact>*>& uses, Case letters,
                          std::string_view what, Report& report) {
@@ -85,7 +85,8 @@ inline void ReportUnused(const Facts& facts, const std::vector<NamedFact>& decla
     for (const NamedFact& use : *some) used.insert(Spelled(use.name, letters));
   }
   for (const NamedFact& declaration : declarations) {
-    if (used.count(Spelled(declaration.name, letters)) != 0) continue;
+    const bool broken = facts.state.tree[declaration.node].unfinished != 0;
+    if (broken || used.count(Spelled(declaration.name, letters)) != 0) continue;
     report.Add({.node = declaration.node,
                 .message = "the " + std::string(what) + ' ' + WithoutQuotes(declaration.name) +
                            " is never used"});

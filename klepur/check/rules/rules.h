@@ -48,7 +48,6 @@ void OverlappingRanges(const Facts& facts, Report& report);
 void OverlappingRanges6(const Facts& facts, Report& report);
 void OverlappingPrefixPools(const Facts& facts, Report& report);
 void PrefixPoolWithAddresses(const Facts& facts, Report& report);
-void PrefixHostBits(const Facts& facts, Report& report);
 void LeaseTimesAtOdds(const Facts& facts, Report& report);
 void UndeclaredClass(const Facts& facts, Report& report);
 void UndeclaredFailoverPeer(const Facts& facts, Report& report);
