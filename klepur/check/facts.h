@@ -111,6 +111,7 @@ struct Facts {
   SubnetTable subnet_table;  ///< Made of the subnets behind the walk.
   LargeArray<HomeFact>
       homes;  ///< The same of the hosts, in their order; each host has at least one.
+  LargeArray<NodeId> subnets_with_ranges;  ///< The subnet of each range, also of malformed ones.
   LargeArray<SettingFact> settings;
   LargeArray<RouterFact> routers;
 

@@ -2,12 +2,16 @@
 
 #include <klepur/document/words_of_text.h>
 #include <klepur/language/word_index.h>
+#include <klepur/language/word_rows.h>
 #include <klepur/network/value_address.h>
 #include <klepur/network/value_words.h>
 #include <klepur/text/letters.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace klepur::internal {
 namespace {
@@ -47,39 +51,114 @@ std::string_view Trimmed(std::string_view value) {
   return UpToLastWord(WithoutLeadingBlanks(value));
 }
 
-void AddFixedAddresses(const Item& item, Facts& facts) {
-  HostFact& host = facts.hosts[item.around.host];
-  host.has_fixed_address = true;
+/// What a word's statements are gathered as.
+enum class Role : std::uint8_t {
+  kNone,
+  kFixedAddress,
+  kFixedPrefix,
+  kHardware,
+  kHostName,
+  kIdentifier,
+  kInclude,
+  kOptionChange,  ///< "append NAME value" and the like.
+  kPrefixRange,
+  kRange,
+};
+
+// Up to this one they say something of the host that they stand in.
+constexpr Role kLastOfHosts = Role::kIdentifier;
+
+constexpr std::pair<std::string_view, Role> kRoles[] = {
+    {"fixed-address", Role::kFixedAddress},
+    {"fixed-address6", Role::kFixedAddress},
+    {"fixed-prefix6", Role::kFixedPrefix},
+    {"hardware", Role::kHardware},
+    {"host-identifier", Role::kIdentifier},
+    {"include", Role::kInclude},
+    {"option dhcp-client-identifier", Role::kIdentifier},
+    {"option host-name", Role::kHostName},
+    {"prefix6", Role::kPrefixRange},
+    {"range", Role::kRange},
+    {"range6", Role::kRange},
+    {"uid", Role::kIdentifier},
+};
+
+/// What is asked of every statement, worked out once for each word.
+struct WordTraits {
+  Role role = Role::kNone;
+  bool is_option = false;
+  bool has_expression = false;
+};
+
+std::vector<WordTraits> AllTraits() {
+  std::vector<WordTraits> all;
+  all.reserve(kWordCount);
+  for (const Word& word : Words()) {
+    WordTraits traits;
+    const auto* const found = std::find_if(std::begin(kRoles), std::end(kRoles),
+                                           [&](const auto& row) { return row.first == word.name; });
+    if (found != std::end(kRoles)) traits.role = found->second;
+    if (word.value == "OPTION value") traits.role = Role::kOptionChange;
+    traits.is_option = word.kind == WordKind::kOption;
+    traits.has_expression = word.kind == WordKind::kConditional ||
+                            word.value.find("expression") != std::string_view::npos ||
+                            word.name == "host-identifier";
+    all.push_back(traits);
+  }
+  return all;
+}
+
+const WordTraits& TraitsOf(const Word* word) {
+  static const std::vector<WordTraits> all = AllTraits();
+  return all[static_cast<std::size_t>(word - kWordRows)];
+}
+
+bool AddFixedAddresses(const Item& item, Facts& facts) {
+  facts.hosts[item.around.host].has_fixed_address = true;
   ValueWords words(item.value);
+  bool one = false;
   while (!words.AtEnd()) {
     const std::string_view word = words.Next()->text;
     if (const auto address = klepur::Address::ParseLenient(word)) {
       facts.fixed_addresses.push_back({*address, item.id, item.around.host});
+      one = words.AtEnd() && address->IsV6() == (item.word->name.back() == '6');
     }
   }
+  return one && facts.fixed_addresses.back().statement == item.id &&
+         (facts.fixed_addresses.size() == 1 ||
+          facts.fixed_addresses[facts.fixed_addresses.size() - 2].statement != item.id);
 }
 
-void GatherOfHost(const Item& item, std::string_view name, Facts& facts) {
+bool AddHardware(const Item& item, Facts& facts) {
+  facts.hosts[item.around.host].has_hardware = true;
+  const auto address = HardwareAddress::Parse(item.value);
+  if (!address) return false;
+  facts.hardware.push_back({*address, item.id, item.around.host});
+  return address->Type() == HardwareAddress::kEthernet && address->ByteCount() == 6;
+}
+
+bool GatherOfHost(const Item& item, Role role, Facts& facts) {
   const std::uint32_t host = item.around.host;
-  HostFact& fact = facts.hosts[host];
-  if (name == "hardware") {
-    fact.has_hardware = true;
-    if (const auto address = HardwareAddress::Parse(item.value)) {
-      facts.hardware.push_back({*address, item.id, host});
-    }
-  } else if (name == "fixed-address" || name == "fixed-address6") {
-    AddFixedAddresses(item, facts);
-  } else if (name == "fixed-prefix6") {
-    fact.has_fixed_address = true;
-    if (const auto prefix = Prefix::Parse(Trimmed(item.value))) {
-      facts.fixed_prefixes.push_back({*prefix, item.id, host});
-    }
-  } else if (name == "option host-name") {
-    facts.host_names.push_back({Trimmed(item.value), item.id, host});
-  } else if (name == "host-identifier" || name == "uid" ||
-             name == "option dhcp-client-identifier") {
-    fact.has_identifier = true;
-    facts.identifiers.push_back({Trimmed(item.value), item.id, host});
+  switch (role) {
+    case Role::kHardware:
+      return AddHardware(item, facts);
+    case Role::kFixedAddress:
+      return AddFixedAddresses(item, facts);
+    case Role::kFixedPrefix:
+      facts.hosts[host].has_fixed_address = true;
+      if (const auto prefix = Prefix::Parse(Trimmed(item.value))) {
+        facts.fixed_prefixes.push_back({*prefix, item.id, host});
+      }
+      return false;
+    case Role::kHostName:
+      facts.host_names.push_back({Trimmed(item.value), item.id, host});
+      return false;
+    case Role::kIdentifier:
+      facts.hosts[host].has_identifier = true;
+      facts.identifiers.push_back({Trimmed(item.value), item.id, host});
+      return false;
+    default:
+      return false;
   }
 }
 
@@ -118,13 +197,10 @@ void GatherExpression(const Item& item, Facts& facts) {
 }
 
 bool HasExpression(const Item& item) {
-  const Word* const word = item.word;
-  if (word == nullptr) return item.value.find('(') != std::string_view::npos;
-  if (word->kind == WordKind::kConditional) return true;
+  if (item.word == nullptr) return item.value.find('(') != std::string_view::npos;
+  if (TraitsOf(item.word).has_expression) return true;
   const std::string_view value = WithoutLeadingBlanks(item.value);
-  if (!value.empty() && value.front() == '=') return true;
-  return word->value.find("expression") != std::string_view::npos ||
-         word->name == "host-identifier";
+  return !value.empty() && value.front() == '=';
 }
 
 /// "option NAME code ..." and "option space NAME", and the options that are set.
@@ -142,33 +218,32 @@ void GatherOption(const Item& item, Facts& facts) {
   }
 }
 
-/// "append NAME value" and the like.
-bool IsOptionChange(const Word& word) {
-  return word.value == "OPTION value";
-}
-
 }  // namespace
 
-void GatherStatement(const Item& item, Facts& facts) {
+bool GatherStatement(const Item& item, Facts& facts) {
   if (HasExpression(item)) GatherExpression(item, facts);
-  if (EqualButForCase(item.first, "option")) {
-    if (item.word == nullptr || item.word->kind != WordKind::kOption)
-      return GatherOption(item, facts);
-  } else if (item.word == nullptr) {
-    return;
+  const WordTraits traits = item.word == nullptr ? WordTraits() : TraitsOf(item.word);
+  if (!traits.is_option && EqualButForCase(item.first, "option")) GatherOption(item, facts);
+  if (traits.role == Role::kNone) return false;
+  const bool of_host = item.around.scope == kInHost && traits.role <= kLastOfHosts;
+  if (of_host) return GatherOfHost(item, traits.role, facts);
+  switch (traits.role) {
+    case Role::kRange:
+      AddOfSubnet(item, AddressRange::Parse(item.value), facts.ranges);
+      break;
+    case Role::kPrefixRange:
+      AddOfSubnet(item, PrefixRange::Parse(item.value), facts.prefix_ranges);
+      break;
+    case Role::kInclude:
+      facts.includes.push_back({item.id, Trimmed(item.value)});
+      break;
+    case Role::kOptionChange:
+      AddOptionUse(item.id, FirstWord(item.value), facts);
+      break;
+    default:
+      break;
   }
-  const std::string_view name = item.word->name;
-  if (item.around.host != kNoHost && item.around.scope == kInHost) {
-    GatherOfHost(item, name, facts);
-  } else if (name == "range" || name == "range6") {
-    AddOfSubnet(item, AddressRange::Parse(item.value), facts.ranges);
-  } else if (name == "prefix6") {
-    AddOfSubnet(item, PrefixRange::Parse(item.value), facts.prefix_ranges);
-  } else if (name == "include") {
-    facts.includes.push_back({item.id, Trimmed(item.value)});
-  } else if (IsOptionChange(*item.word)) {
-    AddOptionUse(item.id, FirstWord(item.value), facts);
-  }
+  return false;
 }
 
 Frame GatherBlock(const Item& item, Facts& facts) {

@@ -7,7 +7,8 @@
 
 namespace klepur::internal {
 
-void GatherStatement(const Item& item, Facts& facts);
+/// Says whether the value was read on that occasion, and is right.
+bool GatherStatement(const Item& item, Facts& facts);
 /// Gives the frame in which the block's children stand.
 Frame GatherBlock(const Item& item, Facts& facts);
 

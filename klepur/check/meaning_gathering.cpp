@@ -1,9 +1,12 @@
 #include <klepur/check/meaning_gathering.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <optional>
 #include <utility>
 
 #include <klepur/document/words_of_text.h>
+#include <klepur/language/word_rows.h>
 #include <klepur/network/decimal.h>
 #include <klepur/network/value_words.h>
 #include <klepur/text/letters.h>
@@ -13,14 +16,52 @@ namespace {
 
 constexpr unsigned kMostSeconds = 0xFFFFFFFF;
 
-constexpr std::pair<std::string_view, Setting> kSettings[] = {
-    {"default-lease-time", Setting::kDefaultLeaseTime},
-    {"max-lease-time", Setting::kMaxLeaseTime},
-    {"min-lease-time", Setting::kMinLeaseTime},
+/// What a word's statements and headers refer to, or set.
+enum class Role : std::uint8_t {
+  kNone,
+  kClassUse,
+  kDefaultLeaseTime,
+  kGroup,
+  kKeyUse,
+  kMaxLeaseTime,
+  kMinLeaseTime,
+  kPeerUse,
+  kRange,
+  kRouters,
 };
 
-bool Is(const Item& item, std::string_view first) {
-  return EqualButForCase(item.first, first);
+constexpr std::pair<std::string_view, Role> kRoles[] = {
+    {"allow members of", Role::kClassUse},
+    {"default-lease-time", Role::kDefaultLeaseTime},
+    {"failover peer", Role::kPeerUse},
+    {"group", Role::kGroup},
+    {"key", Role::kKeyUse},
+    {"max-lease-time", Role::kMaxLeaseTime},
+    {"min-lease-time", Role::kMinLeaseTime},
+    {"omapi-key", Role::kKeyUse},
+    {"option routers", Role::kRouters},
+    {"prefix6", Role::kRange},
+    {"range", Role::kRange},
+    {"range6", Role::kRange},
+    {"subclass", Role::kClassUse},
+    {"user-class", Role::kClassUse},
+    {"vendor-class", Role::kClassUse},
+};
+
+std::vector<Role> AllRoles() {
+  std::vector<Role> all;
+  all.reserve(kWordCount);
+  for (const Word& word : Words()) {
+    const auto* const found = std::find_if(std::begin(kRoles), std::end(kRoles),
+                                           [&](const auto& row) { return row.first == word.name; });
+    all.push_back(found == std::end(kRoles) ? Role::kNone : found->second);
+  }
+  return all;
+}
+
+Role RoleOf(const Word* word) {
+  static const std::vector<Role> all = AllRoles();
+  return word == nullptr ? Role::kNone : all[static_cast<std::size_t>(word - kWordRows)];
 }
 
 /// A lease time; "infinite" and -1 are the longest one.
@@ -32,17 +73,13 @@ std::optional<unsigned> SecondsOf(std::string_view value) {
   return ParseDecimal(word, kMostSeconds);
 }
 
-void GatherSetting(const Item& item, Facts& facts) {
-  for (const auto& [name, setting] : kSettings) {
-    if (item.word == nullptr || item.word->name != name) continue;
-    if (const auto seconds = SecondsOf(item.value)) {
-      facts.settings.push_back({setting, *seconds, item.id, item.around.id});
-    }
+void AddSetting(const Item& item, Setting setting, Facts& facts) {
+  if (const auto seconds = SecondsOf(item.value)) {
+    facts.settings.push_back({setting, *seconds, item.id, item.around.id});
   }
 }
 
-void GatherRouters(const Item& item, Facts& facts) {
-  if (item.word == nullptr || item.word->name != "option routers") return;
+void AddRouters(const Item& item, Facts& facts) {
   ValueWords words(item.value);
   while (!words.AtEnd()) {
     if (const auto address = klepur::Address::ParseLenient(words.Next()->text)) {
@@ -51,44 +88,39 @@ void GatherRouters(const Item& item, Facts& facts) {
   }
 }
 
-/// What stands behind the second word of "members of NAME", "failover peer NAME".
-std::string_view WordBehind(const Item& item, std::string_view second) {
-  WordsOfText words(item.text);
-  words.Next();
-  if (!EqualButForCase(words.Next(), second)) return {};
-  std::string_view name = words.Next();
-  if (EqualButForCase(second, "members") && EqualButForCase(name, "of")) name = words.Next();
-  return name == ";" ? std::string_view() : name;
-}
-
-std::string_view SecondWord(const Item& item) {
-  WordsOfText words(item.text);
-  words.Next();
-  const std::string_view name = words.Next();
-  return name == ";" ? std::string_view() : name;
-}
-
-void Add(const Item& item, std::string_view name, std::vector<NamedFact>& facts) {
+void AddName(const Item& item, std::vector<NamedFact>& facts) {
+  const std::string_view name = FirstWord(item.value);
   if (!name.empty()) facts.push_back({item.id, name});
 }
 
 }  // namespace
 
 void GatherReferences(const Item& item, Facts& facts) {
-  const bool statement = item.kind == NodeKind::kStatement;
-  if (Is(item, "subclass") || Is(item, "vendor-class") || Is(item, "user-class")) {
-    Add(item, SecondWord(item), facts.class_uses);
-  } else if (Is(item, "allow") || Is(item, "deny")) {
-    Add(item, WordBehind(item, "members"), facts.class_uses);
-  } else if (Is(item, "group")) {
-    Add(item, SecondWord(item), statement ? facts.group_uses : facts.groups);
-  } else if (statement && (Is(item, "key") || Is(item, "omapi-key"))) {
-    Add(item, SecondWord(item), facts.key_uses);
-  } else if (statement && Is(item, "failover")) {
-    Add(item, WordBehind(item, "peer"), facts.failover_peer_uses);
-  } else if (statement) {
-    GatherSetting(item, facts);
-    GatherRouters(item, facts);
+  const bool block = item.kind == NodeKind::kBlock;
+  switch (RoleOf(item.word)) {
+    case Role::kClassUse:
+      return AddName(item, facts.class_uses);
+    case Role::kGroup:
+      return AddName(item, block ? facts.groups : facts.group_uses);
+    case Role::kKeyUse:
+      if (!block) AddName(item, facts.key_uses);
+      return;
+    case Role::kPeerUse:
+      if (!block) AddName(item, facts.failover_peer_uses);
+      return;
+    case Role::kRange:
+      facts.subnets_with_ranges.push_back(item.around.subnet);
+      return;
+    case Role::kRouters:
+      return AddRouters(item, facts);
+    case Role::kDefaultLeaseTime:
+      return AddSetting(item, Setting::kDefaultLeaseTime, facts);
+    case Role::kMaxLeaseTime:
+      return AddSetting(item, Setting::kMaxLeaseTime, facts);
+    case Role::kMinLeaseTime:
+      return AddSetting(item, Setting::kMinLeaseTime, facts);
+    case Role::kNone:
+      return;
   }
 }
 

@@ -123,13 +123,14 @@ void Walk::VisitNode(NodeId id, const SyntaxNode& node) {
   const std::string_view plain = node.kind == NodeKind::kBlock ? text : WithoutSemicolon(text);
   WordsOfText words(plain);
   const std::string_view first = words.Next();
-  const KnownFirstWord known = FindFirstWord(first);
+  const WordMemo::First& found = memo_.Find(first);
+  const KnownFirstWord known = found.known;
   std::string_view second;
   std::string_view value = words.Rest();
   const Word* word = known.alone;
   if (known.goes_on) {
     second = words.Next();
-    const Word* const longer = FindTwoWords(first, second);
+    const Word* const longer = memo_.Find(first, second);
     if (longer != nullptr) {
       word = longer;
       SkipRestOfKeyword(words, second, word->name);
@@ -142,10 +143,12 @@ void Walk::VisitNode(NodeId id, const SyntaxNode& node) {
   const bool unfinished =
       node.unfinished != 0 && (node.kind == NodeKind::kBlock || text.back() != ';');
   const Item item = {id, node.kind, unfinished, text, first, second, value, word, frames_.back()};
-  Look(item);
+  const bool broken = IsBroken(item, *found.structure);
+  Look(item, broken);
   GatherReferences(item, facts_);
   if (node.kind == NodeKind::kStatement) {
-    GatherStatement(item, facts_);
+    const bool is_right = GatherStatement(item, facts_);
+    if (!is_right && !broken && item.word != nullptr) CheckValue(item, report_);
     return;
   }
   const NodeId child = state_.tree.FirstChild(id);
@@ -155,15 +158,13 @@ void Walk::VisitNode(NodeId id, const SyntaxNode& node) {
   next_ = child;
 }
 
-void Walk::Look(const Item& item) {
+void Walk::Look(const Item& item, bool broken) {
   if (item.kind == NodeKind::kBlock) Show(Shown::kBlocks, item);
-  const bool broken = IsBroken(item, WordOf(NumberOf(item.first)));
   if (broken) Show(Shown::kBroken, item);
   if (item.word == nullptr) return Show(Shown::kUnknownWords, item);
   facts_.seen6 = facts_.seen6 || TellsDhcp6(*item.word);
   facts_.seen4 = facts_.seen4 || TellsDhcp4(item.word->name);
-  NotePlace(item);
-  if (item.kind == NodeKind::kStatement && !broken) CheckValue(item, report_);
+  if (!item.unfinished) NotePlace(item);
 }
 
 /// Remembers a word that is not taken where it stands; whether that counts is known when the family is.

@@ -8,6 +8,7 @@
 #include <klepur/check/facts.h>
 #include <klepur/check/item.h>
 #include <klepur/check/report.h>
+#include <klepur/check/word_memo.h>
 
 namespace klepur::internal {
 
@@ -23,7 +24,7 @@ class Walk {
   void VisitComment(NodeId id);
   void VisitNode(NodeId id, const SyntaxNode& node);
   void Advance(NodeId id);
-  void Look(const Item& item);
+  void Look(const Item& item, bool broken);
   void NotePlace(const Item& item);
   void Show(Shown shown, const Item& item);
 
@@ -31,6 +32,7 @@ class Walk {
   Report& report_;
   const DocumentState& state_;
   NodeId next_;
+  WordMemo memo_;
   std::vector<Frame> frames_;
   std::vector<std::size_t> rules_[4];  // by Shown: the rules to be called
 };

@@ -180,8 +180,17 @@ class Collector {
     }
   }
 
+  bool HoldsNul() const {
+    bool found = false;
+    state_.text.ForEachPiece([&](PieceText::PieceId, Span span) {
+      found = found || state_.text.View(span).find('\0') != std::string_view::npos;
+    });
+    return found;
+  }
+
   /// The server passes over a single NUL before a word, and stops at all others.
   void LookForNuls() {
+    if (!HoldsNul()) return;
     NodeId top = kRoot;
     for (NodeId id = kRoot; id != kNoNode; id = state_.tree.NextInOrder(id, top)) {
       if (id != kRoot) LookForNulsIn({state_.tree[id].parent, state_.tree[id].previous});

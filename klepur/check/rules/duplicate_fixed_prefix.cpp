@@ -1,24 +1,20 @@
 // Two hosts with the same prefix: both route it.
+#include <klepur/check/equal_values.h>
 #include <klepur/check/rules/rules.h>
-
-#include <algorithm>
-#include <vector>
 
 namespace klepur::internal {
 
 void DuplicateFixedPrefix(const Facts& facts, Report& report) {
-  std::vector<const OfHost<Prefix>*> sorted;
-  for (const auto& prefix : facts.fixed_prefixes) sorted.push_back(&prefix);
-  std::stable_sort(sorted.begin(), sorted.end(),
-                   [](const auto* left, const auto* right) { return left->value < right->value; });
-  for (std::size_t i = 1; i < sorted.size(); ++i) {
-    const auto& before = *sorted[i - 1];
-    const auto& here = *sorted[i];
-    if (before.value != here.value || before.host == here.host) continue;
-    report.Add({.node = here.statement,
-                .message = "the prefix " + here.value.Text() + " is that of another host",
-                .other = before.statement});
-  }
+  const auto& all = facts.fixed_prefixes;
+  ForEachEqual(
+      all.size(), [&](std::uint32_t i) { return static_cast<std::uint32_t>(all[i].value.Hash()); },
+      [&](std::uint32_t i, std::uint32_t j) { return all[i].value == all[j].value; },
+      [&](std::uint32_t earlier, std::uint32_t later) {
+        if (all[earlier].host == all[later].host) return;
+        report.Add({.node = all[later].statement,
+                    .message = "the prefix " + all[later].value.Text() + " is that of another host",
+                    .other = all[earlier].statement});
+      });
 }
 
 }  // namespace klepur::internal

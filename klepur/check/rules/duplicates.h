@@ -2,51 +2,51 @@
 #ifndef KLEPUR_CHECK_RULES_DUPLICATES_H
 #define KLEPUR_CHECK_RULES_DUPLICATES_H
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <type_traits>
-#include <unordered_set>
 #include <vector>
 
+#include <klepur/check/equal_values.h>
 #include <klepur/check/facts.h>
 
 namespace klepur::internal {
 
-/// A value of a host, in a network where it gets addresses.
-template <class Value>
-struct AtHome {
-  const OfHost<Value>* of;
-  NodeId network;
-};
-
 /// Calls `tell` with each value that an earlier host of the same network has, and the one of that host; once
-/// for a statement. `values` are in the order of the text. Cost: sorting them.
+/// for a statement. `values` are in the order of the text. Cost: linear.
 template <class Values, class Tell>
 void ForEachDuplicate(const Facts& facts, const Values& values, const Tell& tell) {
-  using Entry = AtHome<std::decay_t<decltype(values[0].value)>>;
-  std::vector<Entry> entries;
-  entries.reserve(values.size());
+  using OfSome = std::decay_t<decltype(*values.begin())>;
+  struct AtHome {
+    const OfSome* of;
+    NodeId network;  ///< One where its host gets addresses.
+  };
+  std::vector<AtHome> all;
+  all.reserve(values.size());
   std::uint32_t home = 0;
-  for (const auto& value : values) {
+  for (const OfSome& value : values) {
     while (facts.homes[home].host != value.host) ++home;
     for (std::uint32_t at = home; at != facts.homes.size() && facts.homes[at].host == value.host;
          ++at) {
-      entries.push_back({&value, facts.homes[at].network});
+      all.push_back({&value, facts.homes[at].network});
     }
   }
-  std::stable_sort(entries.begin(), entries.end(), [](const Entry& left, const Entry& right) {
-    if (left.of->value != right.of->value) return left.of->value < right.of->value;
-    return left.network < right.network;
-  });
-  std::unordered_set<NodeId> told;
-  for (std::size_t i = 1; i < entries.size(); ++i) {
-    const Entry& before = entries[i - 1];
-    const Entry& here = entries[i];
-    if (before.of->value != here.of->value || before.network != here.network) continue;
-    if (before.of->host == here.of->host) continue;
-    if (told.insert(here.of->statement).second) tell(*here.of, *before.of);
-  }
+  using Value = decltype(OfSome::value);
+  NodeId told = kNoNode;
+  ForEachEqual(
+      static_cast<std::uint32_t>(all.size()),
+      [&](std::uint32_t i) {
+        return static_cast<std::uint32_t>(std::hash<Value>{}(all[i].of->value)) ^ all[i].network;
+      },
+      [&](std::uint32_t i, std::uint32_t j) {
+        return all[i].of->value == all[j].of->value && all[i].network == all[j].network;
+      },
+      [&](std::uint32_t earlier, std::uint32_t later) {
+        const OfSome& here = *all[later].of;
+        if (all[earlier].of->host == here.host || here.statement == told) return;
+        told = here.statement;
+        tell(here, *all[earlier].of);
+      });
 }
 
 }  // namespace klepur::internal

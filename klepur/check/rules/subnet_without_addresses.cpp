@@ -12,11 +12,8 @@ void SubnetWithoutAddresses(const Facts& facts, Report& report) {
     if (const SubnetFact* const subnet = facts.subnet_table.Around(address))
       served.insert(subnet->node);
   };
-  for (const auto& range : facts.ranges) {
-    serve(range.value.First());
-    served.insert(range.subnet);
-  }
-  for (const auto& range : facts.prefix_ranges) served.insert(range.subnet);
+  for (const auto& range : facts.ranges) serve(range.value.First());
+  for (const NodeId subnet : facts.subnets_with_ranges) served.insert(subnet);
   for (const auto& address : facts.fixed_addresses) serve(address.value);
   for (const HostFact& host : facts.hosts) served.insert(host.subnet);
   for (const SubnetFact& subnet : facts.subnets) {
