@@ -88,11 +88,14 @@ void NodeImages::MatchStrays() {
 
 void NodeImages::MatchPiece(std::size_t piece, NodeId& node, NodeId image) {
   const RewrittenPiece& bytes = rewriting_.pieces[piece];
-  const NodeId first = node;
+  NodeId next_comment = node;
+  NodeId next_other = node;
   for (; BeginsBefore(before_, node, bytes.source.end); ++node) piece_[node] = piece;
-  NodeId next = first;
   for (; BeginsBefore(after_, image, bytes.written.end); ++image) {
     piece_of_image_[image] = piece;
+    const bool comment = after_.IsComment(image);
+    NodeId& next = comment ? next_comment : next_other;
+    while (next != node && before_.IsComment(next) != comment) ++next;
     if (next == node) continue;
     image_[next] = image;
     source_[image] = next++;

@@ -11,7 +11,8 @@
 namespace klepur::internal {
 
 /// A text, the same rewritten, both as nobody edited them, and which node became which. The nodes that begin
-/// in one piece of the text became, one behind the other, those that begin where the piece is written.
+/// in one piece of the text became, one behind the other, those that begin where the piece is written; comments became
+/// comments.
 class NodeImages {
  public:
   static constexpr std::size_t kNoPiece = static_cast<std::size_t>(-1);

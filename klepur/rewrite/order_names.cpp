@@ -27,21 +27,22 @@ struct Declaration {
   OrderRole role;
   std::string_view thing;
   std::size_t name;
+  bool small;  ///< Whether the name means the same in small letters.
 };
 
 constexpr Declaration kDeclarations[] = {
-    {"class", Form::kBlock, OrderRole::kSets, "class", 1},
-    {"subclass", Form::kEither, OrderRole::kUses, "class", 1},
-    {"vendor-class", Form::kEither, OrderRole::kUses, "class", 1},
-    {"user-class", Form::kEither, OrderRole::kUses, "class", 1},
-    {"key", Form::kBlock, OrderRole::kSets, "key", 1},
-    {"key", Form::kStatement, OrderRole::kUses, "key", 1},
-    {"omapi-key", Form::kStatement, OrderRole::kUses, "key", 1},
-    {"zone", Form::kBlock, OrderRole::kSets, "zone", 1},
-    {"failover", Form::kBlock, OrderRole::kSets, "peer", 2},
-    {"failover", Form::kStatement, OrderRole::kUses, "peer", 2},
-    {"group", Form::kBlock, OrderRole::kSets, "group", 1},
-    {"group", Form::kStatement, OrderRole::kUses, "group", 1},
+    {"class", Form::kBlock, OrderRole::kSets, "class", 1, false},
+    {"subclass", Form::kEither, OrderRole::kUses, "class", 1, false},
+    {"vendor-class", Form::kEither, OrderRole::kUses, "class", 1, false},
+    {"user-class", Form::kEither, OrderRole::kUses, "class", 1, false},
+    {"key", Form::kBlock, OrderRole::kSets, "key", 1, true},
+    {"key", Form::kStatement, OrderRole::kUses, "key", 1, true},
+    {"omapi-key", Form::kStatement, OrderRole::kUses, "key", 1, true},
+    {"zone", Form::kBlock, OrderRole::kSets, "zone", 1, true},
+    {"failover", Form::kBlock, OrderRole::kSets, "peer", 2, false},
+    {"failover", Form::kStatement, OrderRole::kUses, "peer", 2, false},
+    {"group", Form::kBlock, OrderRole::kSets, "group", 1, false},
+    {"group", Form::kStatement, OrderRole::kUses, "group", 1, false},
 };
 
 std::string Small(std::string_view word) {
@@ -119,11 +120,12 @@ class NamesOfNode {
     for (const Declaration& row : kDeclarations) {
       if (row.form != Form::kEither && (row.form == Form::kBlock) != IsBlock()) continue;
       if (!Is(words_, 0, row.keyword) || words_.size() <= row.name) continue;
-      AddDeclaration(Thing(row.thing, Small(words_[row.name])), row.role);
+      const std::string_view name = words_[row.name];
+      AddDeclaration(Thing(row.thing, row.small ? Small(name) : WithoutQuotes(name)), row.role);
     }
     if (!Is(words_, 0, "allow") && !Is(words_, 0, "deny")) return;
     if (Is(words_, 1, "members") && words_.size() > 3) {
-      AddDeclaration(Thing("class", Small(words_[3])), OrderRole::kUses);
+      AddDeclaration(Thing("class", WithoutQuotes(words_[3])), OrderRole::kUses);
     }
   }
 

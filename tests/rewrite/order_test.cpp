@@ -27,7 +27,9 @@ TEST(RewriteOrder, CountsWhereItHasAMeaning) {
     const char* lines;
   } kRows[] = {
       // declarations before references
-      {"class", "class \"c\" {\n}\nsubclass \"C\" 1:2;\n", "3 behind 1"},
+      {"class", "class \"c\" {\n}\nsubclass \"c\" 1:2;\n", "3 behind 1"},
+      {"class in other letters", "class \"c\" {\n}\nsubclass \"C\" 1:2;\n", ""},
+      {"key in other letters", "key k {\n}\nomapi-key K;\n", "3 behind 1"},
       {"other class", "class \"c\" {\n}\nsubclass \"d\" 1:2;\n", ""},
       {"class and pool",
        "class \"c\" {\n}\nsubnet s { pool { allow members of \"c\"; range r; } }\n", "3 behind 1"},
