@@ -19,7 +19,7 @@ bool IsWanted(const Word& word, const std::vector<std::string>& sought) {
 }
 
 std::string Places(Scopes scopes) {
-  return scopes == kNowhere ? std::string() : ToText(scopes);
+  return scopes == kNowhere ? std::string() : ScopesInWords(scopes);
 }
 
 }  // namespace
