@@ -68,21 +68,25 @@ struct BlockFinder::Step {
   std::string text;
   std::string kind;
   std::string name;
+  std::string line =
+      {};  ///< The name as it was typed, on one line: quotes and braces are part of it.
 
   static Step Of(std::string_view block, const std::string& text) {
     Step step = {text, {}, {}};
     std::size_t key_words = 1;
+    std::size_t end = 0;
     for (const Piece& piece : PiecesOf(text)) {
-      if (piece.IsComment()) ThrowNotABlock(block, "it has a comment");
       if (key_words > 0) {
         if (!step.kind.empty()) step.kind += ' ';
         step.kind += SmallLetters(piece.text);
+        end = piece.offset + piece.text.size();
         if (step.kind != "failover") --key_words;
       } else {
         if (!step.name.empty()) step.name += ' ';
         step.name += Unquoted(piece.text);
       }
     }
+    step.line = OneLine(std::string_view(text).substr(end));
     if (step.kind.empty()) ThrowNotABlock(block, "a step of it is empty");
     return step;
   }
@@ -92,7 +96,7 @@ struct BlockFinder::Step {
   /// Whether the block has this kind and name, or the name is a pattern of its name.
   bool Fits(const Node& block, bool patterns) const {
     if (block.Keyword() != kind) return false;
-    if (name.empty() || block.Name() == name) return true;
+    if (name.empty() || block.Name() == name || OneLine(block.Name()) == line) return true;
     if (IsSubnet()) return FitsSubnet(block, patterns);
     return patterns && fnmatch(name.c_str(), block.Name().c_str(), 0) == 0;
   }

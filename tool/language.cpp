@@ -52,16 +52,17 @@ bool IsPlainForShell(char byte) {
 
 }  // namespace
 
+Piece PieceBehind(std::string_view text, std::size_t offset) {
+  while (offset < text.size() && IsBlank(text[offset])) ++offset;
+  if (offset >= text.size()) return {{}, text.size()};
+  return {text.substr(offset, EndOfPiece(text, offset) - offset), offset};
+}
+
 std::vector<Piece> PiecesOf(std::string_view text) {
   std::vector<Piece> pieces;
-  for (std::size_t i = 0; i < text.size();) {
-    if (IsBlank(text[i])) {
-      ++i;
-      continue;
-    }
-    const std::size_t end = EndOfPiece(text, i);
-    pieces.push_back({text.substr(i, end - i), i});
-    i = end;
+  for (Piece piece = PieceBehind(text, 0); !piece.text.empty();
+       piece = PieceBehind(text, piece.offset + piece.text.size())) {
+    pieces.push_back(piece);
   }
   return pieces;
 }

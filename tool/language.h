@@ -20,6 +20,9 @@ struct Piece {
   bool Is(char byte) const { return text.size() == 1 && text.front() == byte; }
 };
 
+/// The first piece of a text at or behind an offset; at its end one without text.
+Piece PieceBehind(std::string_view text, std::size_t offset);
+
 /// The pieces of a text in their order.
 std::vector<Piece> PiecesOf(std::string_view text);
 

@@ -18,7 +18,9 @@ constexpr std::size_t kWidthOfTab = 8;
 
 class Layout {
  public:
-  Layout(const Document& document, const std::string& step) : document_(document), step_(step) {}
+  /// \param text  that of the document.
+  Layout(const Document& document, std::string_view text, const std::string& step)
+      : document_(document), whole_(text), step_(step) {}
 
   std::string Text() {
     const Node root = document_.Root();
@@ -60,7 +62,7 @@ class Layout {
     }
     const std::string one_line = OneLineBlock(node);
     one_line_ = !one_line.empty();
-    text_ += one_line_ ? one_line : Spaced(node.Header()) + " {";
+    text_ += one_line_ ? one_line : Opening(node);
   }
 
   void Close(const Node& block) {
@@ -78,16 +80,27 @@ class Layout {
     return block.Is(NodeKind::kBlock) && LineOfBrace(block) == line;
   }
 
-  static std::size_t LineOfBrace(const Node& block) {
-    // Between the header and the brace there may be blanks, line ends and comments.
-    const std::string text = block.Text();
-    for (const Piece& piece : PiecesOf(std::string_view(text).substr(block.Header().size()))) {
-      if (!piece.Is('{')) continue;
-      const auto end =
-          text.begin() + static_cast<std::ptrdiff_t>(block.Header().size() + piece.offset);
-      return block.Begin().line + static_cast<std::size_t>(std::count(text.begin(), end, '\n'));
+  /// Where the "{" of a block stands; between it and the header there may be blanks and comments.
+  std::size_t BraceOf(const Node& block) const {
+    Piece piece = PieceBehind(whole_, block.Offset());
+    while (!piece.text.empty() && !piece.Is('{')) {
+      piece = PieceBehind(whole_, piece.offset + piece.text.size());
     }
-    return 0;
+    return piece.offset;
+  }
+
+  std::size_t LineOfBrace(const Node& block) const {
+    const std::string_view before = whole_.substr(block.Offset(), BraceOf(block) - block.Offset());
+    return block.Begin().line +
+           static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
+  }
+
+  /// The header and the "{", with the comments between them.
+  std::string Opening(const Node& block) const {
+    const std::string_view text = whole_.substr(block.Offset(), BraceOf(block) - block.Offset());
+    const std::vector<Piece> pieces = PiecesOf(text);
+    const bool is_behind_comment = !pieces.empty() && pieces.back().IsComment();
+    return Spaced(text) + (is_behind_comment ? "\n" + Indent() + "{" : " {");
   }
 
   void NewLine(const Node& node) {
@@ -129,13 +142,13 @@ class Layout {
   }
 
   /// A statement or header with the blanks that belong in it.
-  std::string Spaced(const std::string& text) const {
+  std::string Spaced(std::string_view text) const {
     std::string spaced;
     std::size_t end = 0;
     bool was_comment = false;
     bool was_comma = false;
     for (const Piece& piece : PiecesOf(text)) {
-      const std::string_view between = std::string_view(text).substr(end, piece.offset - end);
+      const std::string_view between = text.substr(end, piece.offset - end);
       const bool tight = (piece.Is(';') || piece.Is(',')) && !was_comment;
       if (!spaced.empty() && !tight) {
         if (was_comment || between.find('\n') != std::string_view::npos) {
@@ -155,6 +168,7 @@ class Layout {
   }
 
   const Document& document_;
+  std::string_view whole_;
   std::string step_;
   std::string text_;
   std::size_t depth_ = 0;
@@ -197,7 +211,7 @@ std::string LaidOut(const Document& document, const std::string& step) {
     throw Problem(ExitStatus::kRefused, "its structure is broken, `klepur check` says where");
   }
   const std::string before = document.Text();
-  std::string text = Layout(document, step).Text();
+  std::string text = Layout(document, before, step).Text();
   if (WordsOf(text) != WordsOf(before)) {
     throw Problem(ExitStatus::kRefused, "it cannot be laid out without changing it");
   }
