@@ -74,7 +74,7 @@ int main(int argc, char** argv) {
   const std::string path = argv[2];
   const int rounds = std::atoi(argv[3]);
   const Host host = MiddleHost(path);
-  const ScratchFile copy("compare_command");
+  const ScratchFile copy;
   std::filesystem::copy_file(path, copy.Path(), std::filesystem::copy_options::overwrite_existing);
   int count = 0;
   const auto set = [&](const std::vector<std::string>& options) {
