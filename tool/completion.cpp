@@ -118,7 +118,8 @@ std::string SharedPart() {
   std::string text =
       "# Sets source and choices from the words before the cursor, of which the first is klepur.\n";
   text +=
-      "_klepur_source() {\n  local command=$2 options= sources= value= word previous= file= "
+      "_klepur_source() {\n  [ -z \"$ZSH_VERSION\" ] || emulate -L sh\n  local command=$2 options= "
+      "sources= value= word previous= file= "
       "taken=0\n";
   text += "  source=nothing choices= klepur_file=\n";
   text += fmt::format("  if [ $# -lt 2 ]; then\n    source=choice choices={}\n    return\n  fi\n",
@@ -169,6 +170,7 @@ std::string SharedPart() {
 
 # The words of a source, a line each.
 _klepur_words() {
+  [ -z "$ZSH_VERSION" ] || emulate -L sh
   case $1 in
     choice) printf '%s\n' $choices ;;
 )sh";
@@ -202,7 +204,7 @@ std::string BashScript() {
     before+=("${word//\\/}")
   done
   _klepur_source "${before[@]}"
-  case $typed in [\"\']*) quoted=${typed:0:1} typed=${typed:1} ;; esac
+  case ${COMP_WORDS[COMP_CWORD]} in [\"\']*) quoted=yes typed=${typed#[\"\']} ;; esac
   typed=${typed//\\/}
   COMPREPLY=()
   if [[ $typed == -* ]]; then
@@ -231,14 +233,12 @@ complete -F _klepur klepur
 std::string ZshScript() {
   std::string text = "#compdef klepur\n# Completion of klepur for zsh.\n" + SharedPart();
   text += R"sh(_klepur() {
-  emulate -L zsh
-  setopt shwordsplit
   local source choices klepur_file klepur_options
   local -a before found
   before=("${(@Q)words[1,CURRENT-1]}")
   _klepur_source "${before[@]}"
   if [[ ${words[CURRENT]} == -* ]]; then
-    found=($klepur_options)
+    found=(${=klepur_options})
     compadd -a found
   elif [[ $source == file ]]; then
     _files

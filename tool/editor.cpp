@@ -38,6 +38,13 @@ std::string FullHeader(const std::string& header) {
   return fmt::format("subnet {} netmask {}", prefix->GetAddress().Text(), prefix->Netmask().Text());
 }
 
+/// Whether a header is only the kind of a block that must have a name.
+bool WantsName(const std::string& header) {
+  constexpr std::string_view kNamed[] = {"host",  "subnet",   "subnet6", "shared-network",
+                                         "class", "subclass", "zone",    "key"};
+  return std::find(std::begin(kNamed), std::end(kNamed), header) != std::end(kNamed);
+}
+
 /// The text of a block with these statements or blocks in it.
 std::string BlockText(const std::string& header, const std::vector<std::string>& statements) {
   std::string text = FullHeader(header) + " {\n";
@@ -154,6 +161,11 @@ void Editor::Add(const Invocation& edit) {
   const std::string header = edit.Argument("HEADER");
   if (!header.empty() && header.back() == ';') {
     ThrowUsage(fmt::format("add: '{}' is a statement, `klepur set` puts it into a block", header));
+  }
+  if (WantsName(header)) {
+    ThrowUsage(
+        fmt::format("add: '{}' is without a name, which stands in the same argument: '{} NAME'",
+                    header, header));
   }
   const std::string text = BlockText(header, edit.Arguments("STATEMENT"));
   const Document alone(text);
