@@ -1,48 +1,116 @@
 #include <klepur/network/key_table.h>
 
-namespace klepur::internal {
+#include <algorithm>
+#include <utility>
 
-void KeyTable::Insert(std::uint64_t hash, NodeId id) {
-  if (first_free_ == kNone) {
-    entries_.push_back({id, kNone});
-    first_free_ = static_cast<std::uint32_t>(entries_.size() - 1);
-    ++free_count_;
+namespace klepur::internal {
+namespace {
+
+constexpr std::size_t kFewestSlots = 64;
+
+/// How many entries ahead memory is fetched.
+constexpr std::uint32_t kAhead = 16;
+
+}  // namespace
+
+void KeyTable::Settle() {
+  if (waiting_.empty()) return;
+  ReserveSlots(taken_ + waiting_.size() - settled_);
+  for (; settled_ < waiting_.size(); ++settled_) {
+    if (waiting_.size() - settled_ > kAhead) {
+      __builtin_prefetch(&slots_[HomeOf(waiting_[settled_ + kAhead].hash)], 1);
+    }
+    Put(waiting_[settled_]);
   }
-  std::uint32_t& first = first_.try_emplace(hash, kNone).first->second;
-  const std::uint32_t taken = first_free_;
-  first_free_ = entries_[taken].next;
-  --free_count_;
-  entries_[taken] = {id, first};
-  first = taken;
+  waiting_ = {};
+  settled_ = 0;
 }
 
-std::vector<NodeId> KeyTable::Entered(std::uint64_t hash) const {
-  std::vector<NodeId> ids;
-  const auto first = first_.find(hash);
-  if (first == first_.end()) return ids;
-  for (std::uint32_t at = first->second; at != kNone; at = entries_[at].next) {
-    ids.push_back(entries_[at].id);
+void KeyTable::Put(const Waiting& entry) {
+  Slot& slot = slots_[SlotOf(entry.hash)];
+  if (slot.id == kNoNode) {
+    slot = {entry.hash, entry.id, kNone};
+    ++taken_;
+  } else {
+    if (first_free_ == kNone) {
+      more_.push_back({kNoNode, kNone});
+      first_free_ = static_cast<std::uint32_t>(more_.size() - 1);
+    }
+    const std::uint32_t more = std::exchange(first_free_, more_[first_free_].more);
+    more_[more] = {slot.id, slot.more};
+    slot.id = entry.id;
+    slot.more = more;
   }
+  ++count_;
+}
+
+/// The nodes of a hash in the order of their making, as often as they were entered.
+std::vector<NodeId> KeyTable::Entered(std::uint32_t hash) const {
+  std::vector<NodeId> ids;
+  if (slots_.empty()) return ids;
+  const Slot& slot = slots_[SlotOf(hash)];
+  if (slot.id == kNoNode) return ids;
+  ids.push_back(slot.id);
+  for (std::uint32_t at = slot.more; at != kNone; at = more_[at].more) ids.push_back(more_[at].id);
+  std::sort(ids.begin(), ids.end());
   return ids;
 }
 
-/// Keeps as many entries as there are nodes; there were more.
-void KeyTable::Replace(std::uint64_t hash, const std::vector<NodeId>& ids) noexcept {
-  const auto first = first_.find(hash);
-  std::uint32_t* link = &first->second;
-  for (const NodeId id : ids) {
-    entries_[*link].id = id;
-    link = &entries_[*link].next;
+/// Keeps these of the nodes of a hash, of which there were more.
+void KeyTable::Replace(std::uint32_t hash, const std::vector<NodeId>& ids) noexcept {
+  const std::uint32_t at = SlotOf(hash);
+  std::uint32_t dropped = slots_[at].more;
+  --count_;
+  if (ids.empty()) {
+    Empty(at);
+  } else {
+    slots_[at].id = ids.front();
+    std::uint32_t* link = &slots_[at].more;
+    for (auto id = ids.begin() + 1; id != ids.end(); ++id) {
+      more_[*link].id = *id;
+      link = &more_[*link].more;
+    }
+    dropped = std::exchange(*link, kNone);
+    ++count_;
   }
-  std::uint32_t dropped = *link;
-  *link = kNone;
-  if (ids.empty()) first_.erase(first);
   while (dropped != kNone) {
-    const std::uint32_t next = entries_[dropped].next;
-    entries_[dropped] = {kNoNode, first_free_};
-    first_free_ = dropped;
-    ++free_count_;
-    dropped = next;
+    const std::uint32_t next = more_[dropped].more;
+    more_[dropped] = {kNoNode, first_free_};
+    first_free_ = std::exchange(dropped, next);
+    --count_;
+  }
+}
+
+/// The slot of a hash, or the empty one where it would stand.
+std::uint32_t KeyTable::SlotOf(std::uint32_t hash) const {
+  std::uint32_t slot = HomeOf(hash);
+  while (slots_[slot].id != kNoNode && slots_[slot].hash != hash) slot = Behind(slot);
+  return slot;
+}
+
+/// Empties a slot and moves the ones behind it up, so that no search stops at the gap.
+void KeyTable::Empty(std::uint32_t slot) noexcept {
+  for (std::uint32_t next = Behind(slot); slots_[next].id != kNoNode; next = Behind(next)) {
+    const std::uint32_t mask = slots_.size() - 1;
+    if (((next - HomeOf(slots_[next].hash)) & mask) < ((next - slot) & mask)) continue;
+    slots_[slot] = slots_[next];
+    slot = next;
+  }
+  slots_[slot] = {};
+  --taken_;
+}
+
+/// Makes room for so many hashes.
+void KeyTable::ReserveSlots(std::size_t count) {
+  std::size_t size = std::max<std::size_t>(kFewestSlots, slots_.size());
+  while (size < 2 * count) size *= 2;
+  if (size == slots_.size()) return;
+  LargeArray<Slot> slots;
+  slots.reserve(size);
+  for (std::size_t i = 0; i != size; ++i) slots.push_back({});
+  std::swap(slots_, slots);
+  for (const Slot& slot : slots) {
+    if (slot.id != kNoNode) slots_[SlotOf(slot.hash)] = slot;
   }
 }
 

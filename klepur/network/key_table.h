@@ -3,56 +3,94 @@
 #define KLEPUR_NETWORK_KEY_TABLE_H
 
 #include <klepur/document/syntax_node.h>
+#include <klepur/text/large_array.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 
 namespace klepur::internal {
 
 /// Tells which nodes may have a key. Entries become wrong when the document is edited; they are taken out
 /// when their key is next looked up.
+///
+/// Slots stand in one block of memory and are probed one after the other. Entries wait until the table is
+/// next read and are then put there together: what memory is wanted for many is known, and it is fetched
+/// ahead.
 class KeyTable {
  public:
-  /// Cost: independent of how many nodes have the key.
-  void Insert(std::uint64_t hash, NodeId id);
+  /// What a node that was entered under a hash has by now.
+  enum class Has {
+    kNeither,
+    kHash,  ///< another key of the same hash: the entry is right, and no answer
+    kKey,
+  };
+
+  /// Hashes that differ may be the same to a table: what it takes of them.
+  static constexpr std::uint32_t Folded(std::uint64_t hash) {
+    return static_cast<std::uint32_t>(hash >> 32) ^ static_cast<std::uint32_t>(hash);
+  }
+
+  /// Cost: independent of how many nodes have the key. When memory runs out nothing is entered.
+  void Insert(std::uint64_t hash, NodeId id) { waiting_.push_back({Folded(hash), id}); }
   /// How many entries there are, wrong ones and those of one node and key counted each.
-  std::size_t Count() const { return entries_.size() - free_count_; }
+  std::size_t Count() const { return count_ + waiting_.size() - settled_; }
 
   /// The nodes of a key, each once, in the order of their making.
   ///
-  /// \param is_right  whether a node has the key that is looked up; entries of others are taken out, also
-  ///                  when only their hash is the same.
-  /// Cost: the number of entries of the key.
-  template <class IsRight>
-  std::vector<NodeId> Find(std::uint64_t hash, const IsRight& is_right) {
-    std::vector<NodeId> found = Entered(hash);
-    std::sort(found.begin(), found.end());
-    const std::size_t entered = found.size();
-    found.erase(std::unique(found.begin(), found.end()), found.end());
-    found.erase(
-        std::remove_if(found.begin(), found.end(), [&](NodeId id) { return !is_right(id); }),
-        found.end());
-    if (found.size() != entered) Replace(hash, found);
+  /// \param look  what a node has, a Has; entries of nodes that have neither are taken out.
+  /// Cost: the number of entries of the key, and of those entered since the last time.
+  template <class Look>
+  std::vector<NodeId> Find(std::uint64_t hash, const Look& look) {
+    Settle();
+    std::vector<NodeId> found;
+    const std::vector<NodeId> entered = Entered(Folded(hash));
+    std::vector<NodeId> kept;
+    for (const NodeId id : entered) {
+      if (!kept.empty() && kept.back() == id) continue;
+      const Has has = look(id);
+      if (has != Has::kNeither) kept.push_back(id);
+      if (has == Has::kKey) found.push_back(id);
+    }
+    if (kept.size() != entered.size()) Replace(Folded(hash), kept);
     return found;
   }
 
  private:
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
-  struct Entry {
-    NodeId id = kNoNode;
-    std::uint32_t next = kNone;  // the next entry of the key, or the next free one
+  /// A node, and where in `more_` the others of its hash begin.
+  struct Slot {
+    std::uint32_t hash = 0;
+    NodeId id = kNoNode;  // none in an empty slot
+    std::uint32_t more = kNone;
   };
-  std::vector<NodeId> Entered(std::uint64_t hash) const;
-  void Replace(std::uint64_t hash, const std::vector<NodeId>& ids) noexcept;
+  struct Waiting {
+    std::uint32_t hash;
+    NodeId id;
+  };
+  struct More {
+    NodeId id;
+    std::uint32_t more;  // the next one of the hash, or the next free one
+  };
 
-  std::unordered_map<std::uint64_t, std::uint32_t> first_;
-  std::vector<Entry> entries_;
-  std::uint32_t first_free_ = kNone;
-  std::size_t free_count_ = 0;
+  std::uint32_t Behind(std::uint32_t slot) const { return (slot + 1) & (slots_.size() - 1); }
+  std::uint32_t HomeOf(std::uint32_t hash) const { return hash & (slots_.size() - 1); }
+  std::uint32_t SlotOf(std::uint32_t hash) const;
+  std::vector<NodeId> Entered(std::uint32_t hash) const;
+  void Replace(std::uint32_t hash, const std::vector<NodeId>& ids) noexcept;
+  void Empty(std::uint32_t slot) noexcept;
+  void Settle();
+  void Put(const Waiting& entry);
+  void ReserveSlots(std::size_t count);
+
+  LargeArray<Waiting> waiting_;
+  std::uint32_t settled_ = 0;  // how many of them, where memory ran out
+  LargeArray<Slot> slots_;     // as many as a power of two, or none; at most half of them are taken
+  std::size_t taken_ = 0;
+  std::vector<More> more_;
+  std::uint32_t first_free_ = kNone;  // in `more_`
+  std::size_t count_ = 0;             // without those that wait
 };
 
 }  // namespace klepur::internal

@@ -22,6 +22,9 @@ class ScopeIndex {
 
  private:
   void Update(const DocumentState& state);
+  template <class IsWanted>
+  std::vector<NodeId> Entered(const DocumentState& state, NodeId block, std::string_view key,
+                              const IsWanted& is_wanted);
 
   KeyTable table_;
   Upkeep upkeep_;
