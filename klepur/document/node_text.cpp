@@ -102,7 +102,11 @@ std::string NormalWords(std::string_view text) {
   WordsOfText words(text);
   for (std::string_view word = words.Next(); !word.empty(); word = words.Next()) {
     if (!normal.empty()) normal += ' ';
-    normal += WithoutQuotes(word);
+    if (word.front() == '"') {
+      normal += WithoutQuotes(word);
+    } else {
+      normal += word;
+    }
   }
   return normal;
 }

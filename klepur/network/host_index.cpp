@@ -1,6 +1,6 @@
 #include <klepur/network/host_index.h>
 
-#include <klepur/document/node_index.h>
+#include <klepur/document/key_table.h>
 #include <klepur/network/node_kinds.h>
 
 #include <algorithm>
@@ -15,7 +15,7 @@ bool IsOfHost(const DocumentState& state, NodeId id) {
 }
 
 std::uint64_t HashOf(std::string_view key) {
-  return NodeIndex::HashOf(key);
+  return KeyTable::HashOf(key);
 }
 
 }  // namespace

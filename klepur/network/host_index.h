@@ -3,9 +3,9 @@
 #define KLEPUR_NETWORK_HOST_INDEX_H
 
 #include <klepur/document/document_state.h>
+#include <klepur/document/key_table.h>
+#include <klepur/document/upkeep.h>
 #include <klepur/network/host_key.h>
-#include <klepur/network/key_table.h>
-#include <klepur/network/upkeep.h>
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include <klepur/network/scope_index.h>
 
-#include <klepur/document/node_index.h>
+#include <klepur/document/key_table.h>
 #include <klepur/network/node_kinds.h>
 #include <klepur/network/parameter.h>
 
@@ -19,7 +19,7 @@ bool IsIndexed(const DocumentState& state, NodeId block) {
 }
 
 std::uint64_t HashOf(NodeId block, std::string_view key) {
-  return NodeIndex::HashOf(key, block);
+  return KeyTable::HashOf(key, block);
 }
 
 /// What all inherited statements of a block are entered under. No parameter has this key.

@@ -1,12 +1,13 @@
 // Internal: a table from keys to nodes of a document that corrects itself where it is read.
-#ifndef KLEPUR_NETWORK_KEY_TABLE_H
-#define KLEPUR_NETWORK_KEY_TABLE_H
+#ifndef KLEPUR_DOCUMENT_KEY_TABLE_H
+#define KLEPUR_DOCUMENT_KEY_TABLE_H
 
 #include <klepur/document/syntax_node.h>
 #include <klepur/text/large_array.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 namespace klepur::internal {
@@ -26,6 +27,8 @@ class KeyTable {
     kKey,
   };
 
+  static std::uint64_t HashOf(std::string_view key, std::uint64_t seed = 0);
+
   /// Hashes that differ may be the same to a table: what it takes of them.
   static constexpr std::uint32_t Folded(std::uint64_t hash) {
     return static_cast<std::uint32_t>(hash >> 32) ^ static_cast<std::uint32_t>(hash);
@@ -43,16 +46,19 @@ class KeyTable {
   template <class Look>
   std::vector<NodeId> Find(std::uint64_t hash, const Look& look) {
     Settle();
+    std::vector<NodeId> entered = Entered(Folded(hash));
     std::vector<NodeId> found;
-    const std::vector<NodeId> entered = Entered(Folded(hash));
-    std::vector<NodeId> kept;
+    std::size_t kept = 0;
     for (const NodeId id : entered) {
-      if (!kept.empty() && kept.back() == id) continue;
+      if (kept != 0 && entered[kept - 1] == id) continue;
       const Has has = look(id);
-      if (has != Has::kNeither) kept.push_back(id);
       if (has == Has::kKey) found.push_back(id);
+      if (has != Has::kNeither) entered[kept++] = id;
     }
-    if (kept.size() != entered.size()) Replace(Folded(hash), kept);
+    if (kept != entered.size()) {
+      entered.resize(kept);
+      Replace(Folded(hash), entered);
+    }
     return found;
   }
 

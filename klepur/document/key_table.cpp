@@ -1,4 +1,4 @@
-#include <klepur/network/key_table.h>
+#include <klepur/document/key_table.h>
 
 #include <algorithm>
 #include <utility>
@@ -12,6 +12,16 @@ constexpr std::size_t kFewestSlots = 64;
 constexpr std::uint32_t kAhead = 16;
 
 }  // namespace
+
+std::uint64_t KeyTable::HashOf(std::string_view key, std::uint64_t seed) {
+  std::uint64_t hash = 14695981039346656037U ^ (seed * 0x9E3779B97F4A7C15U);
+  for (const char byte : key) {
+    hash = (hash ^ static_cast<unsigned char>(byte)) * 1099511628211U;
+  }
+  hash ^= hash >> 29;
+  hash *= 0xBF58476D1CE4E5B9U;
+  return hash ^ (hash >> 32);
+}
 
 void KeyTable::Settle() {
   if (waiting_.empty()) return;

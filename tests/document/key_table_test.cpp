@@ -1,4 +1,4 @@
-#include <klepur/network/key_table.h>
+#include <klepur/document/key_table.h>
 
 #include <gtest/gtest.h>
 
