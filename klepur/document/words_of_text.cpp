@@ -52,6 +52,10 @@ std::string_view FirstWord(std::string_view text) {
 }
 
 std::string_view UpToLastWord(std::string_view text) {
+  if (text.find('#') == std::string_view::npos) {
+    while (!text.empty() && IsGap(text.back())) text.remove_suffix(1);
+    return text;
+  }
   WordsOfText words(text);
   while (!words.Next().empty()) {
   }
