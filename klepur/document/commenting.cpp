@@ -137,7 +137,7 @@ void BecomeLike(DocumentState& state, NodeId id, const SyntaxNode& like, NodeId 
 /// Makes of a node the first of the comments that a text in its place consists of, and hangs the others
 /// behind it.
 std::vector<NodeId> BecomeComments(DocumentState& state, NodeId id, std::string_view text,
-                                   Address address) {
+                                   TextAddress address) {
   const TextBuffer buffer(text);
   const NodeId parent = state.tree[id].parent;
   state.tree.KeepHead(parent);

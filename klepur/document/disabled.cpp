@@ -58,7 +58,7 @@ struct Extent {
 };
 
 Extent FirstIn(std::string_view text) {
-  constexpr Address kBase = 1;  // a text of its own, that no byte order mark begins
+  constexpr TextAddress kBase = 1;  // a text of its own, that no byte order mark begins
   const TextBuffer buffer(text);
   SyntaxTree tree;
   StructureReader reader(tree, buffer.view(), kBase);

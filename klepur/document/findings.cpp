@@ -40,7 +40,7 @@ class Collector {
   }
 
   PieceText::Edge At(NodeId id, std::size_t offset) const {
-    return state_.text.Before(state_.tree[id].begin + static_cast<Address>(offset));
+    return state_.text.Before(state_.tree[id].begin + static_cast<TextAddress>(offset));
   }
 
   std::string LineOf(NodeId id) const {

@@ -28,7 +28,7 @@ class OffsetsInRun {
     std::sort(begins_.begin(), begins_.end(), ByAddress);
   }
 
-  std::size_t Of(Address byte) const {
+  std::size_t Of(TextAddress byte) const {
     const auto behind =
         std::upper_bound(begins_.begin(), begins_.end(), SpanBegin{byte, 0}, ByAddress);
     return behind[-1].offset + (byte - behind[-1].address);
@@ -36,7 +36,7 @@ class OffsetsInRun {
 
  private:
   struct SpanBegin {
-    Address address;
+    TextAddress address;
     std::size_t offset;
   };
   static bool ByAddress(const SpanBegin& left, const SpanBegin& right) {
@@ -47,13 +47,13 @@ class OffsetsInRun {
 
 /// Gives the nodes of a tree the addresses that their bytes have in the moved text.
 void Readdress(DocumentState& state, NodeId top, const OffsetsInRun& offsets,
-               const Reindented& moved, Address base) {
-  const auto new_address = [&](Address old) {
-    return base + static_cast<Address>(moved.NewOffset(offsets.Of(old)));
+               const Reindented& moved, TextAddress base) {
+  const auto new_address = [&](TextAddress old) {
+    return base + static_cast<TextAddress>(moved.NewOffset(offsets.Of(old)));
   };
   for (NodeId id = top; id != kNoNode; id = state.tree.NextInOrder(id, top)) {
     const SyntaxNode old = state.tree[id];
-    const Address brace = state.IsBlock(id) ? old.begin + state.tree.BraceOf(id) : old.begin;
+    const TextAddress brace = state.IsBlock(id) ? old.begin + state.tree.BraceOf(id) : old.begin;
     SyntaxNode& node = state.tree.Change(id);
     node.begin = new_address(old.begin);
     node.end = new_address(old.end - 1) + 1;
@@ -104,8 +104,8 @@ bool WantsLines(const DocumentState& state, NodeRun run, Place place, std::strin
          (what.is_block && !within);
 }
 
-Address PutMoved(DocumentState& state, Place place, const std::string& text,
-                 const std::string& indent, const Placed& what) {
+TextAddress PutMoved(DocumentState& state, Place place, const std::string& text,
+                     const std::string& indent, const Placed& what) {
   if (!IsMidLine(state, place)) {
     return PutLines(state, place, text, indent, what, !what.key.empty());
   }
@@ -158,7 +158,7 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
   const OffsetsInRun offsets(state.text.SpansOf(state.Begin(run.first), state.End(run.last)));
   TakeOut(state, run);
   const Reindented moved(text, old_indent, indent);
-  const Address address = PutMoved(state, place, moved.Text(), indent, what);
+  const TextAddress address = PutMoved(state, place, moved.Text(), indent, what);
   NodeId previous = place.gap.previous;
   for (const NodeId node : nodes) {
     Readdress(state, node, offsets, moved, address);

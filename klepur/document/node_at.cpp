@@ -25,7 +25,7 @@ NodeId ChildAt(const DocumentState& state, NodeId block, std::size_t offset) {
 
 /// The node that was made last of those that begin at or before an address, while no node was edited: nodes
 /// are numbered in the order of the text then.
-NodeId LastThatBegins(const DocumentState& state, Address address) {
+NodeId LastThatBegins(const DocumentState& state, TextAddress address) {
   NodeId low = 0;
   NodeId high = state.tree.Count();
   while (high - low > 1) {

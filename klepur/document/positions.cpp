@@ -51,10 +51,10 @@ PieceText::Edge Positions::LineBegin(const PieceText& text, std::size_t line) co
                            [line](const PieceBegin& piece) { return piece.lines < line - 1; });
   const PieceBegin& piece = behind[-1];
   const std::size_t ends = line - 1 - piece.lines;
-  Address at = 0;
+  TextAddress at = 0;
   if (piece.begin < text.BaseSize()) {
     const std::size_t before = base_lines_->NewlinesBefore(piece.begin);
-    at = static_cast<Address>(base_lines_->OffsetOfLine(before + ends));
+    at = static_cast<TextAddress>(base_lines_->OffsetOfLine(before + ends));
   } else {
     at = piece.begin;
     for (std::size_t seen = 0; seen < ends; ++at) seen += *text.Bytes(at) == '\n' ? 1U : 0U;
@@ -67,7 +67,7 @@ const Positions::PieceBegin* Positions::Find(PieceText::PieceId piece) const {
   return place == place_.end() ? nullptr : &pieces_[place->second];
 }
 
-std::size_t Positions::LineEndsIn(const PieceText& text, Address from, Address to) const {
+std::size_t Positions::LineEndsIn(const PieceText& text, TextAddress from, TextAddress to) const {
   if (to <= text.BaseSize()) return base_lines_->NewlinesIn(from, to);
   return CountLineEnds(text.View({from, to}));
 }

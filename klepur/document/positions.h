@@ -29,12 +29,12 @@ class Positions {
  private:
   struct PieceBegin {
     PieceText::PieceId piece;
-    Address begin;
+    TextAddress begin;
     std::size_t offset;
     std::size_t lines;  ///< Line ends before it.
   };
   const PieceBegin* Find(PieceText::PieceId piece) const;
-  std::size_t LineEndsIn(const PieceText& text, Address from, Address to) const;
+  std::size_t LineEndsIn(const PieceText& text, TextAddress from, TextAddress to) const;
 
   std::optional<LineCount> base_lines_;
   std::vector<PieceBegin> pieces_;

@@ -109,7 +109,7 @@ bool BeginsStatement(const char* from, const char* end) {
 
 }  // namespace
 
-StructureReader::StructureReader(SyntaxTree& tree, std::string_view text, Address base)
+StructureReader::StructureReader(SyntaxTree& tree, std::string_view text, TextAddress base)
     : tree_(tree),
       begin_(text.data()),
       end_(text.data() + text.size()),
@@ -308,7 +308,7 @@ void StructureReader::OpenBlock(const char* start, const char* brace, bool open_
   next_ = brace + 1;
   const NodeId id = Add(NodeKind::kBlock, start, next_);
   SyntaxNode& node = tree_.Made(id);
-  tree_.SetBrace(id, static_cast<Address>(brace - start));
+  tree_.SetBrace(id, static_cast<TextAddress>(brace - start));
   node.word = word;
   node.open_quote = open_quote;
   malformed_ = malformed_ || open_quote;

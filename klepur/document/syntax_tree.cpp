@@ -61,13 +61,13 @@ NodeId SyntaxTree::Append(const SyntaxNode& node) {
   return Count() - 1;
 }
 
-void SyntaxTree::SetBrace(NodeId id, Address distance) {
+void SyntaxTree::SetBrace(NodeId id, TextAddress distance) {
   const bool far = distance >= SyntaxNode::kFarBrace;
   nodes_[id].brace = far ? SyntaxNode::kFarBrace : static_cast<std::uint16_t>(distance);
   if (far) far_braces_[nodes_[id].begin] = distance;
 }
 
-Address SyntaxTree::BraceOf(NodeId id) const {
+TextAddress SyntaxTree::BraceOf(NodeId id) const {
   const std::uint16_t near = nodes_[id].brace;
   return near == SyntaxNode::kFarBrace ? far_braces_.find(nodes_[id].begin)->second : near;
 }

@@ -59,7 +59,7 @@ void ReplaceOwnText(DocumentState& state, NodeId id, std::string_view text) {
       block && node.unfinished && node.end == node.begin + state.tree.BraceOf(id) + 1;
   node.begin = span.begin;
   if (!block || empty_block) node.end = span.end;
-  if (block) state.tree.SetBrace(id, static_cast<Address>(text.size()));
+  if (block) state.tree.SetBrace(id, static_cast<TextAddress>(text.size()));
   state.tree.Note(id);
 }
 
@@ -174,7 +174,7 @@ void PutCommentsBehind(DocumentState& state, NodeId id) {
   ReplaceOwnText(state, id, text.substr(0, end) + ";");
   const Gap gap = GapBehind(state, id);
   const std::string comment = text.substr(mark, comment_end - mark);
-  const Address address =
+  const TextAddress address =
       PutInGap(state, gap, text.substr(end, mark - end), comment, ReadGap(state, gap));
   HangNodes(state, gap, comment, address);
 }
