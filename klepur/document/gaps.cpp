@@ -42,6 +42,13 @@ std::string ReadGap(const DocumentState& state, Gap gap) {
   return state.text.Read(BeginOf(state, gap), EndOf(state, gap));
 }
 
+std::string SidesOf(const DocumentState& state, Gap gap) {
+  const auto side = [&state](NodeId id) {
+    return id != kNoNode && state.IsComment(id) ? '#' : ';';
+  };
+  return {side(gap.previous), side(NextOf(state, gap))};
+}
+
 void WriteGap(DocumentState& state, Gap gap, std::string_view text) {
   const bool behind_comment = gap.previous != kNoNode && state.IsComment(gap.previous);
   const bool at_end = NextOf(state, gap) == kNoNode && gap.parent == kRoot;

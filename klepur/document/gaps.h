@@ -29,6 +29,9 @@ NodeId NextOf(const DocumentState& state, Gap gap);
 PieceText::Edge BeginOf(const DocumentState& state, Gap gap);
 PieceText::Edge EndOf(const DocumentState& state, Gap gap);
 std::string ReadGap(const DocumentState& state, Gap gap);
+/// Which sides of a gap are comments: what was remembered of it is void when one became a statement, or the other
+/// way round.
+std::string SidesOf(const DocumentState& state, Gap gap);
 /// A gap behind a comment keeps its line end whatever the text: else what follows would be swallowed.
 void WriteGap(DocumentState& state, Gap gap, std::string_view text);
 

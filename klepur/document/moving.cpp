@@ -95,7 +95,8 @@ bool WantsLines(const DocumentState& state, NodeRun run, Place place, std::strin
                 const Placed& what) {
   const Remembered* memory = state.memory.Recall(
       {EditMemory::About::kMoved, run.first, place.gap.previous, std::to_string(place.gap.parent)});
-  if (memory != nullptr && memory->nodes.front() == NextOf(state, place.gap)) {
+  if (memory != nullptr && memory->nodes.front() == NextOf(state, place.gap) &&
+      memory->texts[2] == SidesOf(state, place.gap)) {
     return HasLineEnd(memory->texts[0]) || HasLineEnd(memory->texts[1]);
   }
   const bool below_comment = place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
@@ -122,7 +123,11 @@ void RestoreGaps(DocumentState& state, NodeRun run) {
   const Gap behind = GapBehind(state, run.last);
   const Remembered* memory = state.memory.Recall(
       {EditMemory::About::kMoved, run.first, before.previous, std::to_string(before.parent)});
-  if (memory == nullptr || memory->nodes.front() != NextOf(state, behind)) return;
+  const std::string sides = SidesOf(state, before).substr(0, 1) + SidesOf(state, behind)[1];
+  if (memory == nullptr || memory->nodes.front() != NextOf(state, behind) ||
+      memory->texts[2] != sides) {
+    return;
+  }
   WriteGap(state, before, memory->texts[0]);
   WriteGap(state, behind, memory->texts[1]);
 }

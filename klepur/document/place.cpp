@@ -297,7 +297,7 @@ TextAddress PutInGap(DocumentState& state, Gap gap, std::string_view before, std
                      std::string_view behind) {
   const NodeId next = NextOf(state, gap);
   state.memory.Remember({EditMemory::About::kGap, gap.previous, gap.parent},
-                        {{next}, {ReadGap(state, gap)}});
+                        {{next}, {ReadGap(state, gap), SidesOf(state, gap)}});
   const Span span = state.text.Append(std::string(before).append(text).append(behind));
   state.text.Replace(BeginOf(state, gap), EndOf(state, gap), {span});
   return span.begin + static_cast<TextAddress>(before.size());

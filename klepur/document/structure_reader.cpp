@@ -179,6 +179,9 @@ void StructureReader::ReadComment() {
 void StructureReader::ReadStatement() {
   if (ReadLabel()) return;
   const char* const start = next_;
+  if (const std::size_t size = SizeOfEndless(Between(start, end_))) {
+    return AddStatement(start, start + size, false, false);
+  }
   StatementSoFar so_far(start);
   bool open_quote = false;
   bool comment = false;
@@ -249,8 +252,7 @@ const char* StructureReader::BehindString(const char* quote, bool& open) {
   if (FindClosing(quote)) {
     const char* const behind = closing_ + 1;
     const bool over_lines = last_line_end_ > quote;
-    const bool word_follows = behind < end_ && (IsWordByte(*behind) || *behind == '"' ||
-                                                *behind == '.' || (*behind & 0x80) != 0);
+    const bool word_follows = behind < end_ && BeginsWordBehindString(*behind);
     if (!over_lines || !word_follows) return behind;
   }
   open = true;
