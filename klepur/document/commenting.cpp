@@ -197,6 +197,13 @@ void JoinAgain(DocumentState& state, NodeId first, NodeId second) {
   }
 }
 
+/// What was below a block that is now read anew is gone for good.
+void DropFormerChildren(DocumentState& state, const Remembered& memory) {
+  for (NodeId child = memory.links[0]; child != kNoNode; child = state.tree[child].next) {
+    state.tree.MarkGone(child);
+  }
+}
+
 void BringBackRead(DocumentState& state, NodeId id, Disabled disabled) {
   const NodeRun run = {disabled.first, disabled.last};
   const std::size_t blanks = disabled.text.find_first_not_of(" \t");
@@ -281,7 +288,9 @@ void BringBackNode(DocumentState& state, NodeId id) {
     if (!disabled) {
       throw Error(ErrorCode::kNotFound, "no statement or block was commented out there");
     }
+    if (memory != nullptr) DropFormerChildren(state, *memory);
     BringBackRead(state, id, std::move(*disabled));
+    KeepKnownRuns(state);
   }
   JoinAgain(state, state.tree[id].previous, id);
   JoinAgain(state, id, state.tree[id].next);

@@ -53,9 +53,13 @@ bool IsRightBelowComment(const DocumentState& state, NodeId id) {
 
 /// The first comment of a run behind the last disabled statement in it; none when that ends the run.
 NodeId BehindDisabled(const DocumentState& state, NodeId last) {
-  const std::vector<Disabled> disabled = DisabledInRun(state, last);
-  if (disabled.empty()) return StartOfRun(state, last);
-  return disabled.back().last == last ? kNoNode : state.tree[disabled.back().last].next;
+  NodeId first = kNoNode;
+  for (NodeId id = last; !IsPartOfDisabled(state, id); id = state.tree[id].previous) {
+    first = id;
+    const NodeId above = state.tree[id].previous;
+    if (above == kNoNode || !AreInOneRun(state, above, id)) break;
+  }
+  return first;
 }
 
 }  // namespace

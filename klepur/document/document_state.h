@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include <klepur/document/disabled_runs.h>
 #include <klepur/document/edit_memory.h>
 #include <klepur/document/header_index.h>
 #include <klepur/document/positions.h>
@@ -51,6 +52,7 @@ struct DocumentState {
   mutable std::mutex lazy;  ///< Guards what is made when it is first asked for.
   mutable Positions positions;
   mutable HeaderIndex headers;
+  mutable DisabledRuns disabled;
 };
 
 }  // namespace klepur::internal

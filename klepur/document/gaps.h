@@ -51,7 +51,8 @@ bool EndsLine(const DocumentState& state, NodeId id);
 std::string IndentOf(const DocumentState& state, NodeId id);
 /// The columns that such blanks take, tabs to every eighth.
 std::size_t WidthOf(std::string_view blanks);
-/// How many columns stand before an edge on its line.
+/// How many columns stand before an edge on its line; kFar when they are more than anybody reads.
+inline constexpr std::size_t kFar = static_cast<std::size_t>(-1);
 std::size_t ColumnOf(const DocumentState& state, PieceText::Edge edge);
 /// How the line that an edge is on ends: "\n" or "\r\n"; if it does not, as the line above does.
 std::string LineEndAt(const DocumentState& state, PieceText::Edge edge);

@@ -41,7 +41,8 @@ bool FitsInBlock(const DocumentState& state, const Neighbours& neighbours, NodeI
                  std::string_view text, std::string_view key) {
   if (block == kRoot || !IsOnOneLine(state, block)) return true;
   const std::size_t limit = std::max(kWidth, neighbours.WidestOneLine(key));
-  return ColumnOf(state, state.End(block)) + text.size() + 1 <= limit;
+  const std::size_t end = ColumnOf(state, state.End(block));
+  return end == kFar ? limit == kFar : end + text.size() + 1 <= limit;
 }
 
 TextAddress Put(DocumentState& state, Place place, const Snippet& snippet, const Placed& what,

@@ -76,10 +76,14 @@ class SyntaxTree {
   };
   void SetHead(NodeId parent, NodeId head);
   NodeId HeadOf(NodeId parent) const;
+  bool HangsBelow(NodeId id, NodeId parent) const;
+  NodeId LastFromFormer(NodeId parent) const;
 
   LargeArray<SyntaxNode> nodes_;
   std::unordered_map<NodeId, NodeId> heads_;  // of the nodes with own_head
   std::unordered_map<NodeId, NodeId> tails_;
+  std::unordered_map<NodeId, NodeId>
+      former_tails_;  // what they were before something was taken back
   std::unordered_map<TextAddress, TextAddress> far_braces_;  // by the block's first byte
   std::vector<Was> log_;
   std::vector<NodeId> noted_;

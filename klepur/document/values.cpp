@@ -72,6 +72,7 @@ void ReplaceOwnText(DocumentState& state, NodeId id, std::string_view text) {
 /// The column of the comment behind a statement, if a comment on a line next to it stands there too.
 bool IsAligned(const DocumentState& state, NodeId statement, NodeId comment) {
   const std::size_t column = ColumnOf(state, state.Begin(comment));
+  if (column == kFar) return false;
   const auto has_comment_there = [&](NodeId id) {
     if (id == kNoNode || state.IsComment(id)) return false;
     const NodeId other = TrailingComment(state, id);
