@@ -51,6 +51,7 @@ struct DocumentState {
 
   mutable std::mutex lazy;  ///< Guards what is made when it is first asked for.
   mutable Positions positions;
+  mutable NodeId last_at = kRoot;  ///< What At answered last, near which the next question may be.
   mutable HeaderIndex headers;
   mutable DisabledRuns disabled;
 };

@@ -75,6 +75,8 @@ std::size_t PieceText::Size() const {
 }
 
 void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
+  const bool within = from.piece != kTail && from.address != pieces_[from.piece].begin;
+  Touch(within ? from.piece : pieces_[from.piece].previous);
   std::vector<PieceId> added;
   for (const Span& span : spans) AppendPiecesOf(span, added);
   const bool empty = from == to;
@@ -106,6 +108,7 @@ void PieceText::TakeBack(const Change& change) noexcept {
   // A piece that was split since keeps its beginning, so the one on the left is asked for, not remembered.
   const PieceId after = change.new_first == kTail ? change.right : change.new_first;
   const PieceId left = pieces_[after].previous;
+  Touch(left);
   for (PieceId id = after; id != change.right; id = pieces_[id].next) pieces_[id].stands = false;
   if (change.old_first == kTail) {
     Link(left, change.right);

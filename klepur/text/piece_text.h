@@ -3,6 +3,7 @@
 #ifndef KLEPUR_TEXT_PIECE_TEXT_H
 #define KLEPUR_TEXT_PIECE_TEXT_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -81,6 +82,19 @@ class PieceText {
   std::size_t GetMark() const { return log_.size(); }
   void RollBack(std::size_t mark) noexcept;
 
+  /// For who keeps books of the pieces: how often the text changed, edits taken back counted too, and of each of
+  /// the last kTouches changes the piece before which it changed nothing. A piece that does not stand in the text
+  /// now says nothing, for a later change took it.
+  static constexpr std::size_t kTouches = 64;
+  std::size_t Touches() const { return touches_; }
+  PieceId Touched(std::size_t touch) const { return touched_[touch % kTouches]; }
+  bool Stands(PieceId piece) const { return pieces_[piece].stands; }
+  PieceId Next(PieceId piece) const { return pieces_[piece].next; }
+  PieceId Previous(PieceId piece) const { return pieces_[piece].previous; }
+  Span SpanOf(PieceId piece) const { return {pieces_[piece].begin, pieces_[piece].end}; }
+  static constexpr PieceId kHead = 0;  ///< Before the first piece.
+  static constexpr PieceId kTail = 1;  ///< Behind the last.
+
   PieceId PieceOf(TextAddress byte) const;
   /// Whether the text is another than what was read. Cost: what was moved or written anew is compared.
   bool IsChanged() const;
@@ -101,9 +115,8 @@ class PieceText {
     PieceId next;
     bool stands = false;  ///< Whether it is part of the text.
   };
-  static constexpr PieceId kHead = 0;
-  static constexpr PieceId kTail = 1;
 
+  void Touch(PieceId piece) noexcept { touched_[touches_++ % kTouches] = piece; }
   void TakeBack(const Change& change) noexcept;
   Edge BeginOf(PieceId piece) const { return {piece, pieces_[piece].begin}; }
   PieceId NewPiece(TextAddress begin, TextAddress end);
@@ -123,6 +136,8 @@ class PieceText {
   // back, has a piece that does not stand.
   std::map<TextAddress, PieceId> at_;
   std::vector<Change> log_;
+  std::size_t touches_ = 0;
+  std::array<PieceId, kTouches> touched_ = {};
 };
 
 }  // namespace klepur::internal
