@@ -90,13 +90,28 @@ Place Without(const DocumentState& state, Place place, const std::vector<NodeId>
   return place;
 }
 
+/// How a run stood at a place before, if the same stands around that now; null when it did not.
+const Remembered* AsItStood(const DocumentState& state, NodeRun run, Place place) {
+  const Remembered* memory = state.memory.Recall(
+      {EditMemory::About::kMoved, run.first, place.gap.previous, std::to_string(place.gap.parent)});
+  const bool fits = memory != nullptr && memory->nodes.front() == NextOf(state, place.gap) &&
+                    memory->texts[2] == SidesOf(state, place.gap);
+  return fits ? memory : nullptr;
+}
+
+/// The text with the indentation that it had at a place before, else with that of the place.
+Reindented AtPlace(const DocumentState& state, NodeRun run, Place place, std::string_view text,
+                   std::string_view indent) {
+  if (const Remembered* memory = AsItStood(state, run, place)) {
+    if (auto like = Reindented::Like(text, memory->texts[3])) return *std::move(like);
+  }
+  return Reindented(text, IndentOf(state, run.first), indent);
+}
+
 /// Whether what is moved needs lines of its own: as it had them when it stood at that place before.
 bool WantsLines(const DocumentState& state, NodeRun run, Place place, std::string_view text,
                 const Placed& what) {
-  const Remembered* memory = state.memory.Recall(
-      {EditMemory::About::kMoved, run.first, place.gap.previous, std::to_string(place.gap.parent)});
-  if (memory != nullptr && memory->nodes.front() == NextOf(state, place.gap) &&
-      memory->texts[2] == SidesOf(state, place.gap)) {
+  if (const Remembered* memory = AsItStood(state, run, place)) {
     return HasLineEnd(memory->texts[0]) || HasLineEnd(memory->texts[1]);
   }
   const bool below_comment = place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
@@ -159,10 +174,9 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
     OpenOneLineBlock(state, parent);
   }
   const std::string indent = IndentAt(state, place, Neighbours(state, place.gap));
-  const std::string old_indent = IndentOf(state, run.first);
+  const Reindented moved = AtPlace(state, run, place, text, indent);
   const OffsetsInRun offsets(state.text.SpansOf(state.Begin(run.first), state.End(run.last)));
   TakeOut(state, run);
-  const Reindented moved(text, old_indent, indent);
   const TextAddress address = PutMoved(state, place, moved.Text(), indent, what);
   NodeId previous = place.gap.previous;
   for (const NodeId node : nodes) {

@@ -102,7 +102,9 @@ void TakeOut(DocumentState& state, NodeRun run) {
   }
   state.memory.Remember(
       {EditMemory::About::kMoved, run.first, before.previous, std::to_string(before.parent)},
-      {{next}, {gaps.before, gaps.behind, sides}});
+      {{next},
+       {gaps.before, gaps.behind, sides,
+        state.text.Read(state.Begin(run.first), state.End(run.last))}});
   const PieceText::Edge begin = BeginOf(state, before);
   const PieceText::Edge end = EndOf(state, behind);
   state.text.Replace(begin, end, {state.text.Append(joined)});
