@@ -49,11 +49,11 @@ std::string_view ValueOf(std::string_view statement) {
 
 void SortByPlace(const DocumentState& state, std::vector<NodeId>& nodes) {
   if (nodes.size() < 2) return;
-  state.positions.Update(state.text, state.edits);
+  state.positions.Update(state.text);
   std::vector<std::pair<std::size_t, NodeId>> places;
   places.reserve(nodes.size());
   for (const NodeId id : nodes) {
-    places.emplace_back(state.positions.OffsetOf(state.Begin(id)), id);
+    places.emplace_back(state.positions.OffsetOf(state.text, state.Begin(id)), id);
   }
   std::sort(places.begin(), places.end());
   std::transform(places.begin(), places.end(), nodes.begin(),
