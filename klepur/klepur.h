@@ -26,5 +26,10 @@
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>
 #include <klepur/parser/dhcp_parser.h>
+#include <klepur/storage/save_config.h>
+#include <klepur/storage/save_options.h>
+#include <klepur/storage/save_report.h>
+#include <klepur/storage/stored_file.h>
+#include <klepur/storage/unified_diff.h>
 
 #endif

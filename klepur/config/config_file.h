@@ -16,8 +16,10 @@
 namespace klepur {
 
 namespace internal {
+struct ConfigFileAccess;
+class FileState;
 class TreeIndex;
-}
+}  // namespace internal
 
 /// One DHCP server configuration file: read into a tree, walked and edited there, and written back.
 /// Use it as DhcpConfigFile or Dhcpv6ConfigFile.
@@ -114,6 +116,9 @@ class ConfigFile {
   /// When memory runs out, std::bad_alloc is thrown and the file holds the first part of the text.
   /// Cost: linear in the text written.
   int Save(const std::string& path);
+
+  /// The text that Save would write; empty when there is no tree yet. Cost: linear in it.
+  std::string Text();
 
   // ---- Finding tree nodes ----
 
@@ -446,6 +451,7 @@ class ConfigFile {
   int isRead;                ///< 0 until ReadDhcpConfigFile has run once.
 
  private:
+  friend struct internal::ConfigFileAccess;
   bool HasTree() const;
   bool IsReady() const;
   TreeNode* Root() const;
@@ -481,6 +487,7 @@ class ConfigFile {
   static void ChangeLine(CfSectionEntry& entry, const SectionParam* line);
 
   std::unique_ptr<internal::TreeIndex> index_;  // of the holder's tree
+  std::unique_ptr<internal::FileState> read_;   // what the file was when it was read or saved
 };
 
 }  // namespace klepur

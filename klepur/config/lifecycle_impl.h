@@ -7,6 +7,7 @@
 #include <klepur/config/statement_table.h>
 #include <klepur/framework/tree_links.h>
 #include <klepur/lookup/tree_index.h>
+#include <klepur/text/file_state.h>
 
 #include <memory>
 #include <new>
@@ -21,6 +22,7 @@ ConfigFile<Vocabulary>::ConfigFile()
     : holder(nullptr), parser(nullptr), currentNetwork(nullptr), currentSubnet(nullptr), isRead(0) {
   auto newHolder = std::make_unique<CfSectionHolder>();
   index_ = std::make_unique<internal::TreeIndex>(newHolder->topNode);
+  read_ = std::make_unique<internal::FileState>();
   parser = new DhcpParser;
   holder = newHolder.release();
 }
@@ -47,6 +49,7 @@ bool ConfigFile<Vocabulary>::ReadDhcpConfigFile() {
   Index().Drop();
   bool read = false;
   try {
+    *read_ = internal::FileState::OfPath(confFileName);
     read = parser != nullptr && parser->ParseFile(confFileName.c_str(), holder);
   } catch (...) {
     return false;
@@ -114,6 +117,11 @@ int ConfigFile<Vocabulary>::Save(const std::string& path) {
   if (!IsReady() || confFileName.empty()) return 0;
   const std::string& target = path.empty() ? confFileName : path;
   return parser->FileWriter(target.c_str(), holder) ? 1 : 0;
+}
+
+template <class Vocabulary>
+std::string ConfigFile<Vocabulary>::Text() {
+  return IsReady() ? parser->TextOf(holder) : std::string();
 }
 
 template <class Vocabulary>

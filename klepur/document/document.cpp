@@ -7,6 +7,7 @@
 #include <utility>
 #include <variant>
 
+#include <klepur/document/document_maker.h>
 #include <klepur/document/document_state.h>
 #include <klepur/document/edit.h>
 #include <klepur/document/findings.h>
@@ -50,7 +51,11 @@ Document& Document::operator=(Document&&) noexcept = default;
 Document::~Document() = default;
 
 Document Document::Read(const std::string& path) {
-  auto state = std::make_unique<DocumentState>(BytesOf(path));
+  return internal::DocumentMaker::Make(BytesOf(path), path);
+}
+
+Document internal::DocumentMaker::Make(TextBuffer text, const std::string& path) {
+  auto state = std::make_unique<DocumentState>(std::move(text));
   state->path = path;
   return Document(std::move(state));
 }

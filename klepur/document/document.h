@@ -18,6 +18,10 @@
 
 namespace klepur {
 
+namespace internal {
+struct DocumentMaker;
+}
+
 /// The text of a dhcpd.conf or dhcpd6.conf, and its structure.
 ///
 ///     klepur::Document document = klepur::Document::Read("/etc/dhcp/dhcpd.conf");
@@ -103,6 +107,7 @@ class KLEPUR_EXPORT Document {
   }
 
  private:
+  friend struct internal::DocumentMaker;
   explicit Document(std::unique_ptr<internal::DocumentState> state);
   void BeginSeries();
   void EndSeries();

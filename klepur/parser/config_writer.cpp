@@ -17,6 +17,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <utility>
 
 using klepur::internal::FirstChild;
 using klepur::internal::TreeNode;
@@ -63,6 +64,33 @@ unsigned int LeftmostLevels(const TreeNode& node) {
 
 }  // namespace
 
+/// While it lives, what is written is collected and goes nowhere.
+class DhcpParser::Collecting {
+ public:
+  Collecting(DhcpParser& parser, unsigned int levels)
+      : parser_(parser),
+        depth_(parser.leftmostDepth),
+        file_(std::exchange(parser.outputFile, nullptr)),
+        size_(std::exchange(parser.writeSize_, static_cast<std::size_t>(-1))) {
+    parser.leftmostDepth += levels;
+  }
+  Collecting(const Collecting&) = delete;
+  Collecting& operator=(const Collecting&) = delete;
+  ~Collecting() {
+    parser_.text_.clear();
+    parser_.collected_ = 0;
+    parser_.writeSize_ = size_;
+    parser_.outputFile = file_;
+    parser_.leftmostDepth = depth_;
+  }
+
+ private:
+  DhcpParser& parser_;
+  unsigned int depth_;
+  std::FILE* file_;
+  std::size_t size_;
+};
+
 bool DhcpParser::FileWriter(const char* path, CfSectionHolder* target) {
   if (target != nullptr) holder = target;
   if (holder == nullptr) return false;
@@ -80,6 +108,15 @@ bool DhcpParser::FileWriter(const char* path, CfSectionHolder* target) {
   }
   FinishFile();
   return true;
+}
+
+std::string DhcpParser::TextOf(CfSectionHolder* target) {
+  TreeNode* const root = target == nullptr ? nullptr : FirstChild(target->topNode);
+  if (root == nullptr) return {};
+  const Collecting collecting(*this, LeftmostLevels(*root));
+  root->TraverseDo(this, WriteSectionW, WriteSectionEndW);
+  text_.resize(collected_);
+  return std::move(text_);
 }
 
 void DhcpParser::FinishFile() noexcept {

@@ -57,6 +57,10 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   /// Cost: linear in the text written.
   bool FileWriter(const char* path, CfSectionHolder* target);
 
+  /// The text that FileWriter would write; nothing else changes, and the leftmost depth does not grow. The
+  /// empty text when there is no tree or its top level is empty. Cost: FileWriter, and memory for the text.
+  std::string TextOf(CfSectionHolder* target);
+
   /// Writes a block's name, its "{" and its entries to the open file, one level deeper than the
   /// last. A section named "TREE_ROOT_SECTION" is the root: level 0, no header.
   /// \return true.
@@ -75,6 +79,7 @@ class KLEPUR_EXPORT DhcpParser : public klepur::BlockParser {
   unsigned int leftmostDepth;  ///< Grows with every write, see FileWriter.
 
  private:
+  class Collecting;
   char* Room(std::size_t size);
   void MakeRoom(std::size_t size);
   void AppendLine(std::size_t tabs, std::string_view line);

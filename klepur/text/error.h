@@ -18,6 +18,10 @@ enum class ErrorCode {
   kBadPlace,  ///< The place does not fit: in a statement, in itself, between an "if" and its "else".
   kNotFound,  ///< What should be changed is not there.
   kMalformed,  ///< What reading found wrong with the file is in the way: a block that is never closed.
+  kChanged,  ///< The file is not what was read any more: somebody else wrote it.
+  kLocked,   ///< Somebody else is saving the file, and took too long.
+  kRefused,  ///< The file cannot be replaced, only written in place, which the caller did not allow.
+  kRejected,  ///< The verifier did not accept the new text.
 };
 
 /// The one exception of the document and of what is built on it.

@@ -1,5 +1,7 @@
 #include <klepur/text/file_bytes.h>
 
+#include <klepur/text/uninterrupted.h>
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,15 +18,6 @@ using Step = FileFailure::Step;
 /// What is made room for when a file does not say how large it is.
 constexpr std::size_t kUnknownSize = 4096 - kPadding;
 
-/// Calls again what a signal interrupts.
-template <class Call>
-auto Uninterrupted(Call call) {
-  for (;;) {
-    const auto result = call();
-    if (result >= 0 || errno != EINTR) return result;
-  }
-}
-
 class OpenFile {
  public:
   explicit OpenFile(const std::string& path)
@@ -37,22 +30,18 @@ class OpenFile {
   }
 
   bool IsOpen() const { return descriptor_ >= 0; }
-
-  /// How many bytes a regular file has; 0 for others.
-  std::size_t Size() const {
-    struct stat status = {};
-    if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) return 0;
-    return static_cast<std::size_t>(status.st_size);
-  }
-
-  /// How many bytes were read: 0 at the end, less than 0 when it failed.
-  ssize_t Read(char* place, std::size_t room) const {
-    return Uninterrupted([&] { return ::read(descriptor_, place, room); });
-  }
+  int Descriptor() const { return descriptor_; }
 
  private:
   int descriptor_;
 };
+
+/// How many bytes a regular file has; 0 for others.
+std::size_t SizeOf(int file) {
+  struct stat status = {};
+  if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return 0;
+  return static_cast<std::size_t>(status.st_size);
+}
 
 /// Room for twice the text that filled what there was, and for its padding.
 std::size_t RoomBehind(std::size_t read, std::size_t expected) {
@@ -65,14 +54,19 @@ std::size_t RoomBehind(std::size_t read, std::size_t expected) {
 std::variant<TextBuffer, FileFailure> ReadFileBytes(const std::string& path, std::size_t most) {
   const OpenFile file(path);
   if (!file.IsOpen()) return FileFailure{Step::kOpen, errno};
-  const std::size_t expected = file.Size();
+  return ReadOpenFile(file.Descriptor(), most);
+}
+
+std::variant<TextBuffer, FileFailure> ReadOpenFile(int file, std::size_t most) {
+  const std::size_t expected = SizeOf(file);
   if (expected > most) return FileFailure{Step::kRead, EFBIG};
   LargeMemory memory;
   std::size_t read = 0;
   for (;;) {
     // The end is found with what is left for the padding.
     if (read == memory.size()) memory.Grow(RoomBehind(read, expected), read);
-    const ssize_t count = file.Read(memory.data() + read, memory.size() - read);
+    const ssize_t count =
+        Uninterrupted([&] { return ::read(file, memory.data() + read, memory.size() - read); });
     if (count < 0) return FileFailure{Step::kRead, errno};
     if (count == 0) break;
     read += static_cast<std::size_t>(count);

@@ -35,6 +35,9 @@ struct FileFailure {
 std::variant<TextBuffer, FileFailure> ReadFileBytes(const std::string& path,
                                                     std::size_t most = kMostBytes);
 
+/// The same of a file that is open, from where it stands.
+std::variant<TextBuffer, FileFailure> ReadOpenFile(int file, std::size_t most = kMostBytes);
+
 }  // namespace klepur::internal
 
 #endif

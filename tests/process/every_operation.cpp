@@ -2,6 +2,7 @@
 
 #include <klepur/klepur.h>
 
+#include <chrono>
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -196,6 +197,34 @@ void UseConfig(const std::string& folder) {
   std::remove(nul.c_str());
 }
 
+/// But for flushing to the disk, which takes long, and programs that judge texts, whose end is a signal.
+void UseStorage(const std::string& folder) {
+  const std::string path = folder + "/used.conf";
+  std::ofstream(path) << V4::kText;
+  const auto options = klepur::SaveOptions().WithBackup().LockedWithin(std::chrono::seconds(1));
+  klepur::StoredFile file = klepur::StoredFile::OpenLocked(path);
+  klepur::Document document = file.Read();
+  Expect(!file.Save(document, options).Written(), "Save of what is there");
+  document.Find("host a").Remove();
+  Expect(file.Diff(document).size() > 50, "Diff");
+  file.Unlock();
+  DhcpConfigFile config(path.c_str());
+  Expect(config.Open() && !config.Text().empty(), "Text");
+  std::ofstream(path) << "# changed\n";
+  Expect(file.HasChanged(), "HasChanged");
+  try {
+    klepur::SaveSafely(config);
+    Expect(false, "SaveSafely over a file that changed");
+  } catch (const klepur::Error&) {
+  }
+  try {
+    file.Save(document);
+    Expect(false, "Save over a file that changed");
+  } catch (const klepur::Error&) {
+  }
+  std::remove(path.c_str());
+}
+
 bool Accept(CfSection& /*section*/) {
   return true;
 }
@@ -236,5 +265,6 @@ const char* RunEveryOperation(const char* folder) {
   UseConfig<V4>(folder);
   UseConfig<V6>(folder);
   UseTree();
+  UseStorage(folder);
   return wrong;
 }

@@ -149,6 +149,14 @@ std::string_view ToText(ErrorCode code) {
       return "not found";
     case ErrorCode::kMalformed:
       return "malformed";
+    case ErrorCode::kChanged:
+      return "changed";
+    case ErrorCode::kLocked:
+      return "locked";
+    case ErrorCode::kRefused:
+      return "refused";
+    case ErrorCode::kRejected:
+      return "rejected";
   }
   return "?";
 }
