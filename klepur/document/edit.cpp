@@ -15,8 +15,19 @@ bool AreAlike(const DocumentState& state, NodeId id, const SyntaxTree& tree, Nod
       node.open_quote != read.open_quote || node.late_semicolon != read.late_semicolon) {
     return false;
   }
-  const Address end = node.kind == NodeKind::kBlock ? read.begin + tree.BraceOf(other) : read.end;
+  const TextAddress end =
+      node.kind == NodeKind::kBlock ? read.begin + tree.BraceOf(other) : read.end;
   return state.OwnText(id) == text.view().substr(read.begin, end - read.begin);
+}
+
+/// Whether the bytes that the first node begins with would be read as the mark, which is nobody's.
+bool IsTakenForByteOrderMark(const DocumentState& state) {
+  const NodeId first = state.tree.FirstChild(kRoot);
+  if (first == kNoNode || state.text.ByteAt(state.Begin(first)) != kByteOrderMark.front())
+    return false;
+  PieceText::Edge begin = state.Begin(first);
+  if (state.text.Back(begin)) return false;
+  return state.Inside(kRoot) != state.text.Start();
 }
 
 }  // namespace
@@ -36,6 +47,10 @@ void RollBackTo(DocumentState& state, const Document::Mark& mark) noexcept {
 }
 
 void Edit::Keep() {
+  if (IsTakenForByteOrderMark(state_)) {
+    throw Error(ErrorCode::kBadPlace,
+                "what begins with the bytes of a byte order mark cannot be the first of a file");
+  }
   if (state_.malformed) {
     if (state_.series == 0) {
       RequireReadsAsEdited(state_);

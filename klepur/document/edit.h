@@ -20,7 +20,8 @@ class Edit {
     if (!kept_) RollBackTo(state_, mark_);
   }
 
-  /// Throws Error(kMalformed) when the text, malformed as it is, would be read as something else now.
+  /// Throws Error(kBadPlace) when what stands first begins with the bytes of a byte order mark, and
+  /// Error(kMalformed) when the text, malformed as it is, would be read as something else now.
   void Keep();
 
  private:

@@ -3,6 +3,7 @@
 #define KLEPUR_DOCUMENT_NODE_TEXT_H
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,8 @@ struct ValuePlace {
   std::size_t end;
 };
 ValuePlace ValueIn(std::string_view statement);
+/// The value of a statement with this key, which is as KeyOf gives it; nothing of one with another.
+std::optional<std::string_view> ValueOfKey(std::string_view statement, std::string_view key);
 
 /// A string's text without quotes and backslashes, or the word itself.
 std::string WithoutQuotes(std::string_view word);

@@ -3,22 +3,24 @@
 #include <klepur/network/quoted_text.h>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace klepur::internal {
 namespace {
 
-constexpr char kBlanks[] = " \t\r\n\v\f";
-constexpr char kEndsOfPlainWord[] = " \t\r\n\v\f,\"#";
+bool EndsPlainWord(char c) {
+  return IsValueBlank(c) || c == ',' || c == '"' || c == '#';
+}
 
 }  // namespace
 
 bool IsValueBlank(char c) noexcept {
-  return c != '\0' && std::string_view(kBlanks).find(c) != std::string_view::npos;
+  return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
 std::string_view WithoutLeadingBlanks(std::string_view text) noexcept {
   for (;;) {
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    while (!text.empty() && IsValueBlank(text.front())) text.remove_prefix(1);
     if (text.empty() || text.front() != '#') return text;
     text.remove_prefix(std::min(text.find('\n'), text.size()));
   }
@@ -59,7 +61,8 @@ bool ValueWords::Skip(std::string_view keyword) noexcept {
 ValueWord ValueWords::Front() const noexcept {
   if (rest_.front() == ',') return {ValueWord::kComma, rest_.substr(0, 1)};
   if (rest_.front() == '"') return {ValueWord::kQuoted, rest_.substr(0, QuotedLength(rest_))};
-  return {ValueWord::kPlain, rest_.substr(0, rest_.find_first_of(kEndsOfPlainWord))};
+  const auto end = std::find_if(rest_.begin(), rest_.end(), EndsPlainWord);
+  return {ValueWord::kPlain, rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()))};
 }
 
 void ValueWords::Drop(const ValueWord& word) noexcept {

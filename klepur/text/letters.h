@@ -20,6 +20,11 @@ constexpr bool IsWordByte(char byte) {
   return IsLetter(byte) || IsDigit(byte) || byte == '-' || byte == '_';
 }
 
+/// A byte that cannot follow a string directly, if its quote was meant to close it: a word, or another string.
+constexpr bool BeginsWordBehindString(char byte) {
+  return IsWordByte(byte) || byte == '"' || byte == '.' || (byte & 0x80) != 0;
+}
+
 constexpr char ToSmallLetter(char byte) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
 }

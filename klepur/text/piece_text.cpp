@@ -20,15 +20,15 @@ PieceText::PieceText(TextBuffer base) : base_(std::move(base)) {
 }
 
 Span PieceText::Append(std::string_view bytes) {
-  if (bytes.size() > std::numeric_limits<Address>::max() - NextAddress()) {
+  if (bytes.size() > std::numeric_limits<TextAddress>::max() - NextAddress()) {
     throw Error(ErrorCode::kTooLarge, "the document and what was added to it reach 4 GiB");
   }
-  const Address begin = NextAddress();
+  const TextAddress begin = NextAddress();
   added_.append(bytes);
   return {begin, NextAddress()};
 }
 
-PieceText::Edge PieceText::Behind(Address end) const {
+PieceText::Edge PieceText::Behind(TextAddress end) const {
   const PieceId piece = PieceOf(end - 1);
   return end < pieces_[piece].end ? Edge{piece, end} : BeginOf(pieces_[piece].next);
 }
@@ -60,8 +60,8 @@ std::string PieceText::Read(Edge from, Edge to) const {
 std::vector<Span> PieceText::SpansOf(Edge from, Edge to) const {
   std::vector<Span> spans;
   for (PieceId id = from.piece; id != kTail; id = pieces_[id].next) {
-    const Address begin = id == from.piece ? from.address : pieces_[id].begin;
-    const Address end = id == to.piece ? to.address : pieces_[id].end;
+    const TextAddress begin = id == from.piece ? from.address : pieces_[id].begin;
+    const TextAddress end = id == to.piece ? to.address : pieces_[id].end;
     if (begin != end) spans.push_back({begin, end});
     if (id == to.piece) break;
   }
@@ -75,6 +75,8 @@ std::size_t PieceText::Size() const {
 }
 
 void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
+  const bool within = from.piece != kTail && from.address != pieces_[from.piece].begin;
+  Touch(within ? from.piece : pieces_[from.piece].previous);
   std::vector<PieceId> added;
   for (const Span& span : spans) AppendPiecesOf(span, added);
   const bool empty = from == to;
@@ -106,6 +108,7 @@ void PieceText::TakeBack(const Change& change) noexcept {
   // A piece that was split since keeps its beginning, so the one on the left is asked for, not remembered.
   const PieceId after = change.new_first == kTail ? change.right : change.new_first;
   const PieceId left = pieces_[after].previous;
+  Touch(left);
   for (PieceId id = after; id != change.right; id = pieces_[id].next) pieces_[id].stands = false;
   if (change.old_first == kTail) {
     Link(left, change.right);
@@ -131,20 +134,20 @@ bool PieceText::IsChanged() const {
   return !rest.empty();
 }
 
-PieceText::PieceId PieceText::PieceOf(Address byte) const {
+PieceText::PieceId PieceText::PieceOf(TextAddress byte) const {
   auto place = std::prev(at_.upper_bound(byte));
   while (!pieces_[place->second].stands) --place;
   return place->second;
 }
 
-PieceText::PieceId PieceText::NewPiece(Address begin, Address end) {
+PieceText::PieceId PieceText::NewPiece(TextAddress begin, TextAddress end) {
   pieces_.push_back({begin, end, kHead, kTail, false});
   const auto id = static_cast<PieceId>(pieces_.size() - 1);
   at_.emplace(begin, id);  // one that stands in the text keeps the place until it is replaced
   return id;
 }
 
-PieceText::PieceId PieceText::Split(PieceId piece, Address at) {
+PieceText::PieceId PieceText::Split(PieceId piece, TextAddress at) {
   const PieceId rest = NewPiece(at, pieces_[piece].end);
   at_.find(at)->second = rest;
   pieces_[rest].stands = true;
@@ -161,9 +164,9 @@ PieceText::PieceId PieceText::BorderBefore(Edge edge) {
 
 void PieceText::AppendPiecesOf(Span span, std::vector<PieceId>& ids) {
   if (span.begin == span.end) return;
-  Address begin = span.begin;
+  TextAddress begin = span.begin;
   for (auto border = at_.upper_bound(begin); border != at_.end() && border->first < span.end;) {
-    const Address at = border->first;
+    const TextAddress at = border->first;
     ++border;
     ids.push_back(NewPiece(begin, at));
     begin = at;

@@ -378,5 +378,27 @@ TEST_F(LineEnd, ByteOrderMarkAloneStaysFirst) {
   EXPECT_EQ(Text(), First());
 }
 
+// Two files were joined, and what stood before the second one's mark is removed or the mark moved to the front.
+TEST_P(EndOfFile, WordThatBeginsWithAByteOrderMarkCannotBecomeTheFirst) {
+  Given(
+      "authoritative;\n"
+      "\xEF\xBB\xBFoption domain-name \"a\";\n");
+  const auto code = [](const auto& edit) {
+    try {
+      edit();
+    } catch (const Error& error) {
+      return error.Code();
+    }
+    return ErrorCode::kFile;  // which no edit throws
+  };
+  Node first = Root().FirstChild();
+  EXPECT_EQ(code([&] { first.Remove(); }), ErrorCode::kBadPlace);
+  EXPECT_EQ(code([&] { first.Next().MoveTo(Root(), Placement::Before(first)); }),
+            ErrorCode::kBadPlace);
+  EXPECT_EQ(code([&] { Root().Add("\xEF\xBB\xBFnext-server a;", Placement::First()); }),
+            ErrorCode::kBadPlace);
+  EXPECT_EQ(Text(), First());
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -1,0 +1,33 @@
+// What the server accepts is read without a finding, and kept as it is.
+#include <klepur/document/document.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/server/judged_files.h"
+#include "tests/support/document_tree.h"
+#include "tests/support/files.h"
+
+namespace klepur::test {
+namespace {
+
+TEST(AcceptedFiles, AreReadWithoutAFinding) {
+  const std::vector<JudgedFile> files = AcceptedFiles();
+  EXPECT_GE(files.size(), 100U);
+  for (const JudgedFile& file : files) {
+    SCOPED_TRACE(file.name);
+    const Document document = Document::Read(file.path);
+    EXPECT_EQ(FindingsText(document), "");
+  }
+}
+
+TEST(AcceptedFiles, AreKeptByteForByte) {
+  for (const JudgedFile& file : AcceptedFiles()) {
+    SCOPED_TRACE(file.name);
+    const Document document = Document::Read(file.path);
+    EXPECT_EQ(document.Text(), ReadFile(file.path));
+    EXPECT_FALSE(document.IsChanged());
+  }
+}
+
+}  // namespace
+}  // namespace klepur::test
