@@ -26,7 +26,7 @@ std::vector<NodeId> HeaderIndex::Find(const DocumentState& state, std::string_vi
   const auto differs = [&](NodeId id) {
     if (state.tree.IsGone(id) || !state.IsBlock(id)) return true;
     const std::string_view header = state.OwnText(id);
-    return KeyOf(header) != key || NameIn(header) != name;
+    return !HasKey(header, key) || NameIn(header) != name;
   };
   found.erase(std::remove_if(found.begin(), found.end(), differs), found.end());
   return found;
