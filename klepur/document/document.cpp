@@ -116,7 +116,7 @@ std::vector<Node> Document::Walk(std::string_view keyword) const {
   for (NodeId id = internal::kRoot; id != internal::kNoNode;
        id = state_->tree.NextInOrder(id, internal::kRoot)) {
     if (id == internal::kRoot || state_->IsComment(id)) continue;
-    if (internal::KeyOf(state_->OwnText(id)) == key) found.push_back({state_.get(), id});
+    if (internal::HasKey(state_->OwnText(id), key)) found.push_back({state_.get(), id});
   }
   return found;
 }

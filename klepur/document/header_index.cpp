@@ -26,11 +26,10 @@ std::vector<NodeId> HeaderIndex::Find(const DocumentState& state, std::string_vi
   return table_.Find(hash, [&](NodeId id) {
     if (!state.IsBlock(id) || state.tree.IsGone(id)) return KeyTable::Has::kNeither;
     const std::string_view header = state.OwnText(id);
-    const std::string other_key = KeyOf(header);
-    const std::string other_name = NameIn(header);
-    if (other_key == key && other_name == name) return KeyTable::Has::kKey;
-    const bool same = KeyTable::Folded(HashOf(other_key, other_name)) == KeyTable::Folded(hash);
-    return same ? KeyTable::Has::kHash : KeyTable::Has::kNeither;
+    if (HasKey(header, key) && NameIn(header) == name) return KeyTable::Has::kKey;
+    const std::uint64_t other = HashOf(KeyOf(header), NameIn(header));
+    return KeyTable::Folded(other) == KeyTable::Folded(hash) ? KeyTable::Has::kHash
+                                                             : KeyTable::Has::kNeither;
   });
 }
 

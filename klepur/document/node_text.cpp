@@ -92,6 +92,23 @@ std::string NormalKey(std::string_view key) {
   return normal;
 }
 
+bool HasKey(std::string_view text, std::string_view key) {
+  if (!text.empty() && !key.empty() && ToSmallLetter(text.front()) != key.front()) return false;
+  const std::string_view first = LeadingWord(text);
+  if (!EqualButForCase(first, key.substr(0, first.size()))) return false;
+  std::string_view rest = key;
+  bool same = true;
+  OverKey(text, [&](std::string_view word) {
+    if (rest.size() != key.size()) {
+      same = same && !rest.empty() && rest.front() == ' ';
+      rest.remove_prefix(same ? 1 : 0);
+    }
+    same = same && EqualButForCase(word, rest.substr(0, word.size()));
+    rest.remove_prefix(same ? word.size() : 0);
+  });
+  return same && rest.empty();
+}
+
 std::size_t KeySize(std::string_view text) {
   const WordsOfText behind = OverKey(text, [](std::string_view) {});
   return text.size() - behind.Rest().size();

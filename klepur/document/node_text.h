@@ -13,6 +13,8 @@ namespace klepur::internal {
 std::string KeyOf(std::string_view text);
 /// The same for a text that is only a key, such as a caller gives.
 std::string NormalKey(std::string_view key);
+/// Whether the key words of a statement or header are these.
+bool HasKey(std::string_view text, std::string_view key);
 /// How many bytes of a text its key takes.
 std::size_t KeySize(std::string_view text);
 /// The words of a text, strings without their quotes, one blank between.

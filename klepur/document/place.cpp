@@ -47,7 +47,7 @@ NodeId LastOfKey(DocumentState& state, NodeId parent, const Placed& what) {
   }
   return LastThat(state, parent, [&](NodeId id) {
     return !state.IsComment(id) && state.IsBlock(id) == what.is_block &&
-           KeyOf(state.OwnText(id)) == what.key;
+           HasKey(state.OwnText(id), what.key);
   });
 }
 
@@ -104,7 +104,7 @@ bool IsWithinChain(const DocumentState& state, NodeId anchor, Placement::Where w
 std::size_t BlankLinesBetween(const DocumentState& state, NodeId first, NodeId second,
                               std::string_view key) {
   if (first == kNoNode || second == kNoNode || !state.IsBlock(first) || !state.IsBlock(second) ||
-      KeyOf(state.OwnText(first)) != key || KeyOf(state.OwnText(second)) != key) {
+      !HasKey(state.OwnText(first), key) || !HasKey(state.OwnText(second), key)) {
     return 0;
   }
   const std::size_t line_ends =

@@ -17,7 +17,7 @@ bool HeadsRun(const DocumentState& state, NodeId end, std::string_view key) {
   const NodeId trailing = TrailingComment(state, end);
   const NodeId last = trailing == kNoNode ? end : trailing;
   const NodeId next = state.tree[last].next;
-  return next != kNoNode && !state.IsComment(next) && KeyOf(state.OwnText(next)) == key &&
+  return next != kNoNode && !state.IsComment(next) && HasKey(state.OwnText(next), key) &&
          CountLineEnds(ReadGap(state, GapBehind(state, last))) <= 1;
 }
 

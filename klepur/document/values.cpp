@@ -44,6 +44,21 @@ std::string_view WithoutBlanksAround(std::string_view text) {
   return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
 }
 
+/// Whether a statement is surely one and the same statement with another value in the place of its own, without
+/// reading it: nothing in either ends a word in a way of its own.
+bool IsPlainChange(std::string_view statement, ValuePlace place, std::string_view value) {
+  const auto is_plain = [](char byte) {
+    return IsWordByte(byte) || byte == ' ' || byte == '.' || byte == ':' || byte == '/' ||
+           byte == ',';
+  };
+  const std::string_view words = statement.substr(0, statement.size() - 1);
+  return !value.empty() && place.begin != place.end && place.begin != 0 &&
+         statement[place.begin - 1] == ' ' && statement.back() == ';' &&
+         std::all_of(words.begin(), words.end(), is_plain) &&
+         std::all_of(value.begin(), value.end(), is_plain) &&
+         ToSmallLetter(statement.front()) != 'n';
+}
+
 /// Puts another text in the place of a statement's, or of a header up to its "{".
 void ReplaceOwnText(DocumentState& state, NodeId id, std::string_view text) {
   const PieceText::Edge begin = state.Begin(id);
@@ -205,7 +220,9 @@ void SetValueOf(DocumentState& state, NodeId id, std::string_view value) {
     text = old.substr(0, KeySize(old)) + old.substr(place.end);
   }
   if (text.back() != ';') text += ';';
-  if (!IsOne(text, NodeKind::kStatement) || KeyOf(text) != KeyOf(old)) {
+  const bool sound = !state.tree[id].unfinished && !state.tree[id].open_quote;
+  const bool plain = sound && IsPlainChange(old, place, value);
+  if (!plain && (!IsOne(text, NodeKind::kStatement) || !HasKey(text, KeyOf(old)))) {
     throw Error(ErrorCode::kBadText, "\"" + std::string(value) + "\" is no value of a statement");
   }
   const bool completed = state.tree[id].unfinished != 0;
@@ -258,7 +275,7 @@ void RenameBlock(DocumentState& state, NodeId block, std::string_view name) {
 NodeId StatementInForce(const DocumentState& state, NodeId block, std::string_view key) {
   NodeId found = kNoNode;
   for (NodeId id = state.tree.FirstChild(block); id != kNoNode; id = state.tree[id].next) {
-    if (state.tree[id].kind == NodeKind::kStatement && KeyOf(state.OwnText(id)) == key) found = id;
+    if (state.tree[id].kind == NodeKind::kStatement && HasKey(state.OwnText(id), key)) found = id;
   }
   return found;
 }

@@ -12,7 +12,7 @@ PieceText::PieceText(TextBuffer base) : base_(std::move(base)) {
   pieces_.push_back({0, 0, kHead, kTail, true});
   pieces_.push_back({0, 0, kHead, kTail, true});
   if (base_.size() != 0) {
-    const PieceId whole = NewPiece(0, BaseSize());
+    const PieceId whole = NewPiece(0, BaseSize())->second;
     pieces_[whole].stands = true;
     Link(kHead, whole);
     Link(whole, kTail);
@@ -77,7 +77,7 @@ std::size_t PieceText::Size() const {
 void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
   const bool within = from.piece != kTail && from.address != pieces_[from.piece].begin;
   Touch(within ? from.piece : pieces_[from.piece].previous);
-  std::vector<PieceId> added;
+  std::vector<NewOne> added;
   for (const Span& span : spans) AppendPiecesOf(span, added);
   const bool empty = from == to;
   const PieceId right = BorderBefore(to);
@@ -90,14 +90,14 @@ void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
   for (PieceId piece = first; piece != right; piece = pieces_[piece].next) {
     pieces_[piece].stands = false;
   }
-  for (const PieceId piece : added) {
-    at_.find(pieces_[piece].begin)->second = piece;
-    pieces_[piece].stands = true;
-    Link(last, piece);
-    last = piece;
+  for (const NewOne& piece : added) {
+    piece.place->second = piece.id;
+    pieces_[piece.id].stands = true;
+    Link(last, piece.id);
+    last = piece.id;
   }
   Link(last, right);
-  if (!added.empty()) change.new_first = added.front();
+  if (!added.empty()) change.new_first = added.front().id;
 }
 
 void PieceText::RollBack(std::size_t mark) noexcept {
@@ -140,16 +140,18 @@ PieceText::PieceId PieceText::PieceOf(TextAddress byte) const {
   return place->second;
 }
 
-PieceText::PieceId PieceText::NewPiece(TextAddress begin, TextAddress end) {
+PieceText::Beginnings::iterator PieceText::NewPiece(TextAddress begin, TextAddress end) {
   pieces_.push_back({begin, end, kHead, kTail, false});
   const auto id = static_cast<PieceId>(pieces_.size() - 1);
-  at_.emplace(begin, id);  // one that stands in the text keeps the place until it is replaced
-  return id;
+  // One that stands in the text keeps the place until it is replaced.
+  const bool behind_all = at_.empty() || at_.rbegin()->first < begin;
+  return behind_all ? at_.emplace_hint(at_.end(), begin, id) : at_.emplace(begin, id).first;
 }
 
 PieceText::PieceId PieceText::Split(PieceId piece, TextAddress at) {
-  const PieceId rest = NewPiece(at, pieces_[piece].end);
-  at_.find(at)->second = rest;
+  const auto place = NewPiece(at, pieces_[piece].end);
+  const auto rest = static_cast<PieceId>(pieces_.size() - 1);
+  place->second = rest;
   pieces_[rest].stands = true;
   Link(rest, pieces_[piece].next);
   Link(piece, rest);
@@ -162,16 +164,22 @@ PieceText::PieceId PieceText::BorderBefore(Edge edge) {
   return Split(edge.piece, edge.address);
 }
 
-void PieceText::AppendPiecesOf(Span span, std::vector<PieceId>& ids) {
+void PieceText::AppendPiecesOf(Span span, std::vector<NewOne>& pieces) {
   if (span.begin == span.end) return;
+  const auto append = [&](TextAddress begin, TextAddress end) {
+    const auto place = NewPiece(begin, end);
+    pieces.push_back({static_cast<PieceId>(pieces_.size() - 1), place});
+  };
   TextAddress begin = span.begin;
-  for (auto border = at_.upper_bound(begin); border != at_.end() && border->first < span.end;) {
+  const bool behind_all = at_.empty() || at_.rbegin()->first < begin;
+  auto border = behind_all ? at_.end() : at_.upper_bound(begin);
+  while (border != at_.end() && border->first < span.end) {
     const TextAddress at = border->first;
     ++border;
-    ids.push_back(NewPiece(begin, at));
+    append(begin, at);
     begin = at;
   }
-  ids.push_back(NewPiece(begin, span.end));
+  append(begin, span.end);
 }
 
 }  // namespace klepur::internal

@@ -119,14 +119,19 @@ class PieceText {
   void Touch(PieceId piece) noexcept { touched_[touches_++ % kTouches] = piece; }
   void TakeBack(const Change& change) noexcept;
   Edge BeginOf(PieceId piece) const { return {piece, pieces_[piece].begin}; }
-  PieceId NewPiece(TextAddress begin, TextAddress end);
+  using Beginnings = std::map<TextAddress, PieceId>;
+  Beginnings::iterator NewPiece(TextAddress begin, TextAddress end);
   PieceId Split(PieceId piece, TextAddress at);
   PieceId BorderBefore(Edge edge);
   void Link(PieceId left, PieceId right) {
     pieces_[left].next = right;
     pieces_[right].previous = left;
   }
-  void AppendPiecesOf(Span span, std::vector<PieceId>& ids);
+  struct NewOne {
+    PieceId id;
+    Beginnings::iterator place;
+  };
+  void AppendPiecesOf(Span span, std::vector<NewOne>& pieces);
 
   TextBuffer base_;
   std::string added_;
@@ -134,7 +139,7 @@ class PieceText {
   // The piece that begins at an address; where several did, the one that stands in the text or did last.
   // No border between pieces is ever forgotten: one that is within a piece now, since its making was taken
   // back, has a piece that does not stand.
-  std::map<TextAddress, PieceId> at_;
+  Beginnings at_;
   std::vector<Change> log_;
   std::size_t touches_ = 0;
   std::array<PieceId, kTouches> touched_ = {};

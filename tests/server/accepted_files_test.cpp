@@ -29,5 +29,15 @@ TEST(AcceptedFiles, AreKeptByteForByte) {
   }
 }
 
+TEST(AcceptedFiles, AreOfTheirFamilyOrOfNoneThatCanBeTold) {
+  std::size_t told = 0;
+  for (const JudgedFile& file : AcceptedFiles()) {
+    const Family family = Document::Read(file.path).GetFamily();
+    EXPECT_NE(family, file.is_v6 ? Family::kDhcp4 : Family::kDhcp6) << file.name;
+    told += family != Family::kUnknown ? 1U : 0U;
+  }
+  EXPECT_GE(told, 90U);
+}
+
 }  // namespace
 }  // namespace klepur::test
