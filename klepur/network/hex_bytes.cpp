@@ -69,6 +69,19 @@ bool ReadGroups(std::string_view text, char separator, ByteWriter& out) {
   }
 }
 
+/// What most lists are: two digits for each byte, colons, no blanks. Nothing for all others.
+std::optional<std::size_t> ReadPlainList(std::string_view text, ByteRoom room) {
+  const std::size_t count = (text.size() + 1) / 3;
+  if (text.size() % 3 != 2 || count > room.size) return std::nullopt;
+  for (std::size_t i = 0; i != count; ++i) {
+    const int high = HexDigitValue(text[3 * i]);
+    const int low = HexDigitValue(text[3 * i + 1]);
+    if (high < 0 || low < 0 || (i + 1 != count && text[3 * i + 2] != ':')) return std::nullopt;
+    room.bytes[i] = static_cast<unsigned char>(high * 16 + low);
+  }
+  return count;
+}
+
 std::optional<std::size_t> CountIf(bool isRead, const ByteWriter& out) {
   return isRead ? std::optional<std::size_t>(out.Count()) : std::nullopt;
 }
@@ -83,6 +96,7 @@ int HexDigitValue(char c) noexcept {
 }
 
 std::optional<std::size_t> ReadHexList(std::string_view text, ByteRoom room) noexcept {
+  if (const auto count = ReadPlainList(text, room)) return count;
   ByteWriter out(room);
   for (;;) {
     text = WithoutLeadingBlanks(text);

@@ -1,5 +1,5 @@
-// What stands behind keywords. Each line was tried on the server: it takes those of which nothing is found, and refuses those
-// with an error.
+// What stands behind keywords. Each line was tried on the server: it takes those of which nothing is found, and
+// refuses those with an error.
 #include <gtest/gtest.h>
 
 #include "tests/check/checking.h"

@@ -116,10 +116,11 @@ TEST(Definitions, HaveANumberAndATypeThatThereIs) {
   const CheckCase cases[] = {
       {"option a code 200 = array of { ip-address, integer 8 };\n", ""},
       {"option a code 200 = domain-list compressed;\noption b code 201 = encapsulate dhcp;\n", ""},
-      {"option a code 200 =\n  { unsigned integer 32, array of text };\n", ""},
+      {"option a code 200 =\n  { unsigned integer 32, array of boolean };\n", ""},
       {"option a code x = text;\n", "1:15 malformed-definition\n"},
       {"option a code 200 text;\n", "1:15 malformed-definition\n"},
       {"option a code 200 = song;\n", "1:21 malformed-definition\n"},
+      {"option a code 200 = array of text;\n", "1:30 malformed-definition\n"},
       {"option a code 200 = integer;\n", "1:21 malformed-definition\n"},
       {"option a code 200 = unsigned text;\n", "1:30 malformed-definition\n"},
       {"option a code 200 = array of array of text;\n", "1:30 malformed-definition\n"},
