@@ -3,9 +3,24 @@
 #include <klepur/network/value_words.h>
 
 #include <algorithm>
+#include <array>
 
 namespace klepur::internal {
 namespace {
+
+constexpr std::array<signed char, 256> HexDigitTable() {
+  std::array<signed char, 256> table = {};
+  for (signed char& value : table) value = -1;
+  for (int digit = 0; digit != 10; ++digit) {
+    table[static_cast<std::size_t>('0' + digit)] = static_cast<signed char>(digit);
+  }
+  for (int digit = 0; digit != 6; ++digit) {
+    table[static_cast<std::size_t>('a' + digit)] = static_cast<signed char>(10 + digit);
+    table[static_cast<std::size_t>('A' + digit)] = static_cast<signed char>(10 + digit);
+  }
+  return table;
+}
+constexpr std::array<signed char, 256> kHexDigits = HexDigitTable();
 
 /// Fills a room, as far as it goes.
 class ByteWriter {
@@ -89,10 +104,7 @@ std::optional<std::size_t> CountIf(bool isRead, const ByteWriter& out) {
 }  // namespace
 
 int HexDigitValue(char c) noexcept {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
+  return kHexDigits[static_cast<unsigned char>(c)];
 }
 
 std::optional<std::size_t> ReadHexList(std::string_view text, ByteRoom room) noexcept {
