@@ -1,10 +1,11 @@
-// Compares reading a DHCPv4 configuration file into a document, edits of it, and the first question of
-// each kind to its network, with what stands beside them.
+// Compares reading a DHCPv4 configuration file into a document, edits of it, a check of it, and the first
+// question of each kind to its network, with what stands beside them.
 //
 //     compare_document FILE ROUNDS
 //
 // The file is one of generate_config. JSON is parsed from memory; the document reads its file. Freeing
 // what was made is not timed.
+#include <klepur/check/checker.h>
 #include <klepur/document/document.h>
 #include <klepur/network/network.h>
 #include <rapidjson/document.h>
@@ -150,6 +151,15 @@ double Ask(const std::string& path, const Question& question) {
   return seconds;
 }
 
+/// All rules over a file in which none finds anything.
+double CheckAll(const std::string& path) {
+  const Document document = Document::Read(path);
+  std::vector<klepur::CheckFinding> findings;
+  const double seconds = SecondsFor([&] { findings = klepur::Check(document); });
+  Check(findings.empty(), "nothing is found in a generated file");
+  return seconds;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -160,7 +170,7 @@ int main(int argc, char** argv) {
   {
     const std::string json = JsonOfTree(path);
     std::vector<Work> works = {[&] { return Read(path); }, [&] { return ParseWithRapidJson(json); },
-                               [&] { return EditMany(path); }};
+                               [&] { return EditMany(path); }, [&] { return CheckAll(path); }};
     for (const Question& question : kQuestions) {
       works.emplace_back([&] { return Ask(path, question); });
     }
@@ -169,7 +179,8 @@ int main(int argc, char** argv) {
   PrintRow("Document, read" + size, samples[0], "RapidJSON, DOM of the same tree", samples[1],
            0.35);
   PrintRow("Document, 10000 edits" + size, samples[2], "reading it", samples[0], 1.0);
-  std::size_t work = 3;
+  PrintRow("Document, checked by all rules" + size, samples[3], "reading it", samples[0], 3.0);
+  std::size_t work = 4;
   for (const Question& question : kQuestions) {
     PrintRow(std::string("Network, first question: ") + question.kind + size, samples[work++],
              "reading it", samples[0], 3.0);

@@ -2,6 +2,8 @@
 #ifndef KLEPUR_KLEPUR_H
 #define KLEPUR_KLEPUR_H
 
+#include <klepur/check/check_rules.h>
+#include <klepur/check/checker.h>
 #include <klepur/config4/dhcp_config_file.h>
 #include <klepur/config6/dhcpv6_config_file.h>
 #include <klepur/document/document.h>
@@ -15,6 +17,7 @@
 #include <klepur/framework/section_holder.h>
 #include <klepur/framework/stream_iterator.h>
 #include <klepur/framework/tree.h>
+#include <klepur/language/words.h>
 #include <klepur/leases/lease_store.h>
 #include <klepur/leases/leases_parser.h>
 #include <klepur/network/address.h>

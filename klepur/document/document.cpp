@@ -130,7 +130,8 @@ Node Document::At(std::size_t line) const {
 std::vector<Finding> Document::Findings() const {
   const std::lock_guard<std::mutex> lock(state_->lazy);
   state_->positions.Update(state_->text);
-  return internal::FindingsOf(*state_);
+  const std::vector<internal::NodeFinding> findings = internal::FindingsOf(*state_);
+  return {findings.begin(), findings.end()};
 }
 
 Family Document::GetFamily() const {

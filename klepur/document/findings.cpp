@@ -84,12 +84,14 @@ class Collector {
  public:
   explicit Collector(const DocumentState& state) : state_(state) {}
 
-  std::vector<Finding> Collect() {
+  std::vector<NodeFinding> Collect() {
     LookAtStart();
     for (NodeId id = state_.tree.NextInOrder(kRoot, kRoot); id != kNoNode;
          id = state_.tree.NextInOrder(id, kRoot)) {
+      about_ = id;
       LookAt(id);
     }
+    about_ = kRoot;
     LookForNuls();
     std::stable_sort(
         findings_.begin(), findings_.end(),
@@ -101,7 +103,7 @@ class Collector {
   void Add(FindingCode code, PieceText::Edge where, std::string message,
            Severity severity = Severity::kError) {
     findings_.push_back(
-        {code, severity, state_.positions.Of(state_.text, where), std::move(message)});
+        {{code, severity, state_.positions.Of(state_.text, where), std::move(message)}, about_});
   }
 
   PieceText::Edge At(NodeId id, std::size_t offset) const {
@@ -288,6 +290,7 @@ class Collector {
 
   /// The server passes over a single NUL before a word, and stops at all others.
   void LookForNuls() {
+    if (!HoldsNul(state_)) return;
     NodeId top = kRoot;
     for (NodeId id = kRoot; id != kNoNode; id = state_.tree.NextInOrder(id, top)) {
       if (id != kRoot) LookForNulsIn({state_.tree[id].parent, state_.tree[id].previous});
@@ -312,12 +315,21 @@ class Collector {
   const DocumentState& state_;
   NodeId last_ = kRoot;
   bool looked_within_ = false;
-  std::vector<Finding> findings_;
+  std::vector<NodeFinding> findings_;
+  NodeId about_ = kRoot;
 };
 
 }  // namespace
 
-std::vector<Finding> FindingsOf(const DocumentState& state) {
+bool HoldsNul(const DocumentState& state) {
+  bool found = false;
+  state.text.ForEachPiece([&](PieceText::PieceId, Span span) {
+    found = found || state.text.View(span).find('\0') != std::string_view::npos;
+  });
+  return found;
+}
+
+std::vector<NodeFinding> FindingsOf(const DocumentState& state) {
   return Collector(state).Collect();
 }
 

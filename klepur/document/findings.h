@@ -9,8 +9,16 @@
 
 namespace klepur::internal {
 
+/// A finding, and the node that it is about: that of the file for what stands between nodes.
+struct NodeFinding : Finding {
+  NodeId node = kRoot;
+};
+
 /// All findings in the order of the text.
-std::vector<Finding> FindingsOf(const DocumentState& state);
+std::vector<NodeFinding> FindingsOf(const DocumentState& state);
+
+/// Whether a NUL byte stands anywhere.
+bool HoldsNul(const DocumentState& state);
 
 }  // namespace klepur::internal
 

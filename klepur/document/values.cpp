@@ -125,6 +125,17 @@ void ReplaceStatement(DocumentState& state, NodeId id, const std::string& text) 
   WriteGap(state, gap, std::string(end < column ? column - end : 1, ' '));
 }
 
+/// The same with the text of a whole statement, where there may have been part of one.
+void ReplaceWhole(DocumentState& state, NodeId id, const std::string& text) {
+  const bool completed = state.tree[id].unfinished != 0;
+  ReplaceStatement(state, id, text);
+  if (completed || state.tree[id].open_quote) {
+    SyntaxNode& node = state.tree.Change(id);
+    node.unfinished = 0;
+    node.open_quote = 0;
+  }
+}
+
 /// The elements of a comma-separated list, as places in a statement's text.
 std::vector<ValuePlace> ElementsOf(std::string_view statement) {
   const ValuePlace value = ValueIn(statement);
@@ -225,13 +236,17 @@ void SetValueOf(DocumentState& state, NodeId id, std::string_view value) {
   if (!plain && (!IsOne(text, NodeKind::kStatement) || !HasKey(text, KeyOf(old)))) {
     throw Error(ErrorCode::kBadText, "\"" + std::string(value) + "\" is no value of a statement");
   }
-  const bool completed = state.tree[id].unfinished != 0;
-  ReplaceStatement(state, id, text);
-  if (completed || state.tree[id].open_quote) {
-    SyntaxNode& node = state.tree.Change(id);
-    node.unfinished = 0;
-    node.open_quote = 0;
+  ReplaceWhole(state, id, text);
+}
+
+void SetStatementOf(DocumentState& state, NodeId id, std::string_view text) {
+  RequireStatement(state, id);
+  RequireStatementText(text);
+  if (WordOf(NumberOf(LeadingWord(text))).begins == Begins::kLabel) {
+    throw Error(ErrorCode::kBadText, "a statement cannot become a label");
   }
+  ReplaceWhole(state, id, std::string(text));
+  state.last_of_key.clear();
 }
 
 void SetHeaderOf(DocumentState& state, NodeId block, std::string_view header) {

@@ -8,19 +8,24 @@
 namespace klepur::internal {
 namespace {
 
-bool EndsPlainWord(char c) {
-  return IsValueBlank(c) || c == ',' || c == '"' || c == '#';
+constexpr bool IsBlankByte(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+constexpr bool EndsPlainWord(char c) {
+  return IsBlankByte(c) || c == ',' || c == '"' || c == '#';
 }
 
 }  // namespace
 
 bool IsValueBlank(char c) noexcept {
-  return c == ' ' || (c >= '\t' && c <= '\r');
+  return IsBlankByte(c);
 }
 
 std::string_view WithoutLeadingBlanks(std::string_view text) noexcept {
   for (;;) {
-    while (!text.empty() && IsValueBlank(text.front())) text.remove_prefix(1);
+    text.remove_prefix(static_cast<std::size_t>(
+        std::find_if_not(text.begin(), text.end(), IsBlankByte) - text.begin()));
     if (text.empty() || text.front() != '#') return text;
     text.remove_prefix(std::min(text.find('\n'), text.size()));
   }
@@ -61,8 +66,10 @@ bool ValueWords::Skip(std::string_view keyword) noexcept {
 ValueWord ValueWords::Front() const noexcept {
   if (rest_.front() == ',') return {ValueWord::kComma, rest_.substr(0, 1)};
   if (rest_.front() == '"') return {ValueWord::kQuoted, rest_.substr(0, QuotedLength(rest_))};
-  const auto end = std::find_if(rest_.begin(), rest_.end(), EndsPlainWord);
-  return {ValueWord::kPlain, rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()))};
+  return {ValueWord::kPlain,
+          rest_.substr(
+              0, static_cast<std::size_t>(std::find_if(rest_.begin(), rest_.end(), EndsPlainWord) -
+                                          rest_.begin()))};
 }
 
 void ValueWords::Drop(const ValueWord& word) noexcept {

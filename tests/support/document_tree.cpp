@@ -1,5 +1,7 @@
 #include "tests/support/document_tree.h"
 
+#include <klepur/check/check_finding.h>
+
 #include <array>
 #include <cstdio>
 
@@ -68,18 +70,6 @@ std::string TreeBelow(const Node& root, bool with_places) {
   return text;
 }
 
-std::string_view ToText(Severity severity) {
-  switch (severity) {
-    case Severity::kError:
-      return "error";
-    case Severity::kWarning:
-      return "warning";
-    case Severity::kNote:
-      return "note";
-  }
-  return "?";
-}
-
 }  // namespace
 
 std::string DocumentTree(const Document& document) {
@@ -94,7 +84,7 @@ std::string FindingsText(const Document& document) {
   std::string text;
   for (const Finding& finding : document.Findings()) {
     text += std::to_string(finding.where.line) + ":" + std::to_string(finding.where.column) + " " +
-            std::string(ToText(finding.severity)) + " " + std::string(ToText(finding.code)) + "\n";
+            std::string(klepur::ToText(finding.severity)) + " " + std::string(ToText(finding.code)) + "\n";
   }
   return text;
 }

@@ -1,0 +1,107 @@
+// Internal: what a file says, gathered once for all rules.
+#ifndef KLEPUR_CHECK_FACTS_H
+#define KLEPUR_CHECK_FACTS_H
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include <klepur/document/document_state.h>
+#include <klepur/document/family.h>
+#include <klepur/language/words.h>
+#include <klepur/network/address.h>
+#include <klepur/network/hardware_address.h>
+#include <klepur/network/prefix.h>
+#include <klepur/network/prefix_range.h>
+#include <klepur/network/range.h>
+#include <klepur/text/large_array.h>
+
+namespace klepur::internal {
+
+/// Where a host stands.
+struct HostFact {
+  NodeId node;
+  NodeId subnet;          ///< The innermost subnet or subnet6 around it; kNoNode for none.
+  NodeId shared_network;  ///< The shared network around it; kNoNode for none.
+  bool has_hardware = false;
+  bool has_identifier = false;     ///< host-identifier, uid or option dhcp-client-identifier.
+  bool has_fixed_address = false;  ///< fixed-address, fixed-address6 or fixed-prefix6.
+};
+
+/// A value that a statement of a host gives it, once for each element of a list.
+template <class Value>
+struct OfHost {
+  Value value;
+  NodeId statement;
+  std::uint32_t host;  ///< Its number in Facts::hosts.
+};
+
+struct SubnetFact {
+  Prefix prefix;
+  NodeId node;
+  NodeId shared_network;
+};
+
+template <class Value>
+struct OfSubnet {
+  Value value;
+  NodeId statement;
+  NodeId subnet;  ///< kNoNode when it stands in none.
+  NodeId pool;    ///< kNoNode when it stands in none.
+  NodeId shared_network;
+};
+
+/// Something with a name: the words of a header behind the keyword, or a statement's first word.
+struct NamedFact {
+  NodeId node;
+  std::string_view name;  ///< As written, quotes and all.
+};
+
+/// A word that is known, in a place where it is not taken.
+struct MisplacedFact {
+  NodeId node;
+  const Word* word;
+  Scopes scope;
+  bool by4;  ///< Whether the server of DHCPv4 refuses it there, and whether that of DHCPv6 does.
+  bool by6;
+};
+
+/// All in the order of the text. What cannot be read, since its value is malformed, is not in it. Texts are
+/// those of the document and good until it is edited.
+struct Facts {
+  explicit Facts(const DocumentState& document) : state(document) {}
+
+  const DocumentState& state;
+  Family family = Family::kUnknown;  ///< During the walk only what the caller said.
+  bool seen4 = false;  ///< Whether a word told that it is a file of DHCPv4, of DHCPv6.
+  bool seen6 = false;
+  bool seems_malformed =
+      false;  ///< Whether the document may have findings of its own in what was walked over.
+
+  LargeArray<HostFact> hosts;
+  LargeArray<OfHost<HardwareAddress>> hardware;
+  LargeArray<OfHost<klepur::Address>> fixed_addresses;
+  LargeArray<OfHost<Prefix>> fixed_prefixes;
+  LargeArray<OfHost<std::string_view>> identifiers;  ///< The values as written.
+  LargeArray<OfHost<std::string_view>>
+      host_names;  ///< The values of "option host-name" as written.
+
+  LargeArray<SubnetFact> subnets;
+  LargeArray<OfSubnet<AddressRange>> ranges;        ///< range, range6
+  LargeArray<OfSubnet<PrefixRange>> prefix_ranges;  ///< prefix6
+
+  std::vector<NamedFact> classes;
+  std::vector<NamedFact> keys;
+  std::vector<NamedFact> failover_peers;
+  std::vector<NamedFact> option_definitions;  ///< "space.name"
+  std::vector<NamedFact> option_spaces;
+  std::vector<NamedFact> includes;
+  /// Each use of an option, in a statement or an expression, that is not in the table of words.
+  std::vector<NamedFact> option_uses;
+  std::vector<MisplacedFact> misplaced;
+};
+
+}  // namespace klepur::internal
+
+#endif

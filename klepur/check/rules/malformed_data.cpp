@@ -1,0 +1,43 @@
+// Bytes are a text between quotes, or numbers in hexadecimal with colons between.
+#include <klepur/check/value_reader.h>
+
+#include <klepur/text/letters.h>
+
+#include <algorithm>
+
+namespace klepur::internal {
+namespace {
+
+bool IsHexByte(std::string_view text) {
+  return !text.empty() && text.size() <= 2 && std::all_of(text.begin(), text.end(), [](char byte) {
+    const char small = ToSmallLetter(byte);
+    return IsDigit(byte) || (small >= 'a' && small <= 'f');
+  });
+}
+
+bool AreHexBytes(std::string_view text) {
+  for (;;) {
+    const std::size_t colon = std::min(text.find(':'), text.size());
+    if (!IsHexByte(text.substr(0, colon))) return false;
+    if (colon == text.size()) return true;
+    text.remove_prefix(colon + 1);
+  }
+}
+
+}  // namespace
+
+void ReadData(ValueWords& words, std::string_view /*type*/, ValueProblem& problem) {
+  const ValueWord first = *words.Next();
+  if (first.kind == ValueWord::kQuoted) return;
+  std::string bytes(first.text);  // blanks may stand around the colons
+  const auto goes_on = [&] {
+    return !words.AtEnd() && (bytes.back() == ':' || words.Rest().front() == ':');
+  };
+  while (first.kind == ValueWord::kPlain && goes_on()) bytes += words.Next()->text;
+  if (first.kind == ValueWord::kPlain && AreHexBytes(bytes)) return;
+  problem = {
+      "malformed-data", first.text,
+      Excerpt(bytes) + " is neither a text between quotes nor bytes in hexadecimal, as 01:2f"};
+}
+
+}  // namespace klepur::internal

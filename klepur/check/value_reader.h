@@ -1,0 +1,49 @@
+// Internal: what reads the parts of a value, and says what is wrong with them.
+#ifndef KLEPUR_CHECK_VALUE_READER_H
+#define KLEPUR_CHECK_VALUE_READER_H
+
+#include <string>
+#include <string_view>
+
+#include <klepur/network/value_words.h>
+
+namespace klepur::internal {
+
+/// What is wrong with a value, if anything is.
+struct ValueProblem {
+  std::string_view rule;  ///< Empty when nothing is wrong.
+  std::string_view at;    ///< The piece of the value that it is about.
+  std::string message;
+
+  explicit operator bool() const { return !rule.empty(); }
+};
+
+/// Takes one part of a value, of the type of this name, from the words; there is at least one. Says in
+/// `problem` what is wrong with it: then it does not matter how far the words were taken.
+using ValueReader = void (*)(ValueWords& words, std::string_view type, ValueProblem& problem);
+
+// One for each type, in the file of the rule that it speaks for (rules/).
+void ReadAddress6(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadAddressOrName(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadChoice(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadData(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadDomain(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadDomainName(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadFlag(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadHardware(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadNumber(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadPrefix(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadPrefixRange(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadQuotedText(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadRange(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadText(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadTime(ValueWords& words, std::string_view type, ValueProblem& problem);
+
+/// Whether a word is a number as the server reads it: 17, 0x11, 021, -17.
+bool IsNumber(std::string_view word) noexcept;
+/// A piece of a file between quotes, as messages have it, shortened where it is long and without line ends.
+std::string Excerpt(std::string_view text);
+
+}  // namespace klepur::internal
+
+#endif

@@ -1,0 +1,61 @@
+// Internal: what a check has to know of a word, looked up once for many statements in a row.
+#ifndef KLEPUR_CHECK_WORD_MEMO_H
+#define KLEPUR_CHECK_WORD_MEMO_H
+
+#include <klepur/document/structure_words.h>
+#include <klepur/language/word_index.h>
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace klepur::internal {
+
+/// Finds words by their bytes and remembers the last ones. The texts asked for must stay as long as it is
+/// asked.
+class WordMemo {
+ public:
+  struct First {
+    std::string_view text;
+    KnownFirstWord known;
+    const StructureWord* structure = nullptr;
+  };
+
+  const First& Find(std::string_view word) {
+    First& entry = first_[PlaceOf(word)];
+    if (entry.text != word || entry.structure == nullptr) {
+      entry = {word, FindFirstWord(word), &WordOf(NumberOf(word))};
+    }
+    return entry;
+  }
+
+  const Word* Find(std::string_view first, std::string_view second) {
+    Two& entry = two_[PlaceOf(second)];
+    if (entry.second != second || entry.first != first) {
+      entry = {first, second, FindTwoWords(first, second)};
+    }
+    return entry.word;
+  }
+
+ private:
+  struct Two {
+    std::string_view first;
+    std::string_view second;
+    const Word* word = nullptr;
+  };
+  static constexpr std::size_t kPlaces = 64;
+
+  static std::size_t PlaceOf(std::string_view word) {
+    if (word.empty()) return 0;
+    return (word.size() * 7 + static_cast<unsigned char>(word.front()) * 5U +
+            static_cast<unsigned char>(word.back()) * 3U) %
+           kPlaces;
+  }
+
+  std::array<First, kPlaces> first_;
+  std::array<Two, kPlaces> two_;
+};
+
+}  // namespace klepur::internal
+
+#endif
