@@ -75,11 +75,13 @@ inline void ReportUndeclared(const Facts& facts, const std::vector<NamedFact>& u
   }
 }
 
-/// Reports each whole declaration of a name that nothing uses. An included file may use it.
+/// Reports each whole declaration of a name that nothing uses. An included file may use it, and so may a
+/// statement that is malformed.
 inline void ReportUnused(const Facts& facts, const std::vector<NamedFact>& declarations,
                          const std::vector<const std::vector<NamedFact>*>& uses, Case letters,
                          std::string_view what, Report& report) {
   if (declarations.empty() || !facts.includes.empty()) return;
+  if (report.HasErrors() || facts.state.malformed) return;
   std::unordered_set<std::string> used;
   for (const std::vector<NamedFact>* const some : uses) {
     for (const NamedFact& use : *some) used.insert(Spelled(use.name, letters));
