@@ -14,7 +14,8 @@ constexpr std::string_view kOption = "option ";
 std::vector<std::string_view> FirstWords() {
   std::vector<std::string_view> words = {"deny", "ignore"};
   for (const Word& word : Words()) {
-    if (word.kind != WordKind::kOption) words.push_back(word.name.substr(0, word.name.find(' ')));
+    if (word.kind != WordKind::kOption)
+      words.push_back(word.name.substr(0, word.name.find_first_of(" :")));
   }
   std::sort(words.begin(), words.end());
   words.erase(std::unique(words.begin(), words.end()), words.end());

@@ -217,6 +217,9 @@ void SetValueOf(DocumentState& state, NodeId id, std::string_view value) {
 void SetStatementOf(DocumentState& state, NodeId id, std::string_view text) {
   RequireStatement(state, id);
   RequireStatementText(text);
+  if (WordOf(NumberOf(LeadingWord(text))).begins == Begins::kLabel) {
+    throw Error(ErrorCode::kBadText, "a statement cannot become a label");
+  }
   ReplaceWhole(state, id, std::string(text));
   state.last_of_key.clear();
 }

@@ -11,7 +11,7 @@ namespace klepur::internal {
 /// Throws Error(kBadText) unless a text is one statement.
 void RequireStatementText(std::string_view text);
 void SetValueOf(DocumentState& state, NodeId id, std::string_view value);
-/// Gives a statement another text, that of one whole statement.
+/// Gives a statement another text, that of one whole statement that begins with no word of labels.
 void SetStatementOf(DocumentState& state, NodeId id, std::string_view text);
 void RenameBlock(DocumentState& state, NodeId block, std::string_view name);
 void SetHeaderOf(DocumentState& state, NodeId block, std::string_view header);

@@ -25,8 +25,8 @@ constexpr Scopes kEverywhere = kInFile | kInSharedNetwork | kInSubnet | kInPool 
 
 /// Where a word is taken, in both families.
 std::string PlacesOf(const Word& word) {
-  if (word.scopes4 == word.scopes6) return ToText(word.scopes4);
-  return "DHCPv4: " + ToText(word.scopes4) + "; DHCPv6: " + ToText(word.scopes6);
+  if (word.scopes4 == word.scopes6) return ScopesInWords(word.scopes4);
+  return "DHCPv4: " + ScopesInWords(word.scopes4) + "; DHCPv6: " + ScopesInWords(word.scopes6);
 }
 
 /// A text as a cell of a Markdown table.
@@ -68,7 +68,7 @@ std::string_view ToText(ServedBy served_by) noexcept {
   return kNames[static_cast<std::size_t>(served_by)];
 }
 
-std::string ToText(Scopes scopes) {
+std::string ScopesInWords(Scopes scopes) {
   if (scopes == kNowhere) return "nowhere";
   if (scopes == kEverywhere) return "everywhere";
   std::string text;

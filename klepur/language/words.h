@@ -86,7 +86,7 @@ KLEPUR_EXPORT std::string_view ToText(WordKind kind) noexcept;
 /// "DHCPv4 and DHCPv6", "DHCPv4".
 KLEPUR_EXPORT std::string_view ToText(ServedBy served_by) noexcept;
 /// A set of places in words: "file, group, host"; "everywhere"; "nowhere".
-KLEPUR_EXPORT std::string ToText(Scopes scopes);
+KLEPUR_EXPORT std::string ScopesInWords(Scopes scopes);
 /// All words as a table in Markdown, a line each.
 KLEPUR_EXPORT std::string WordsAsMarkdown();
 

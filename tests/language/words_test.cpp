@@ -98,9 +98,9 @@ TEST(Words, HaveABlockWhereTheDocumentReadsOne) {
 }
 
 TEST(Words, PlacesAreSaidInWords) {
-  EXPECT_EQ(ToText(Scopes{kNowhere}), "nowhere");
-  EXPECT_EQ(ToText(Scopes{kInFile | kInGroup}), "file, group");
-  EXPECT_EQ(ToText(Words().Find("max-lease-time")->scopes4), "everywhere");
+  EXPECT_EQ(ScopesInWords(Scopes{kNowhere}), "nowhere");
+  EXPECT_EQ(ScopesInWords(Scopes{kInFile | kInGroup}), "file, group");
+  EXPECT_EQ(ScopesInWords(Words().Find("max-lease-time")->scopes4), "everywhere");
   EXPECT_EQ(ToText(WordKind::kDeclaration), "declaration");
   EXPECT_EQ(ToText(ServedBy::kDhcp6), "DHCPv6");
 }

@@ -16,7 +16,7 @@ bool IsRefused(const MisplacedFact& fact, Family family) {
 }
 
 std::string ScopeName(Scopes scope) {
-  return scope == kInFile ? "at file level" : "right in a block \"" + ToText(scope) + "\"";
+  return scope == kInFile ? "at file level" : "right in a block \"" + ScopesInWords(scope) + "\"";
 }
 
 }  // namespace
@@ -31,7 +31,7 @@ void MisplacedStatement(const Facts& facts, Report& report) {
       message += facts.family == Family::kDhcp6 ? ", nor anywhere by the server of DHCPv6"
                                                 : ", nor anywhere by the server of DHCPv4";
     } else {
-      message += "; where it is: " + ToText(scopes);
+      message += "; where it is: " + ScopesInWords(scopes);
     }
     report.Add({.node = fact.node, .message = std::move(message)});
   }
