@@ -43,6 +43,8 @@ constexpr ReasonRow kReasons[] = {
      "has no \";\" before the end of the text and is left out"},
     {Reason::kBehindNul, "behind-nul", "is left out: it stands behind a NUL byte"},
     {Reason::kUnclosedBlock, "unclosed-block", "is not closed and gets a \"}\""},
+    {Reason::kSwallowedBrace, "swallowed-brace",
+     "has its \"}\" on the line of a block, where it stays as text, and gets another one"},
     {Reason::kLostBrace, "lost-brace", "loses its \"}\""},
     {Reason::kSemicolonBehindBlock, "semicolon-behind-block",
      "has a \";\" behind its \"}\", which comes to stand alone"},
