@@ -29,6 +29,7 @@
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>
 #include <klepur/parser/dhcp_parser.h>
+#include <klepur/rewrite/rewrite_losses.h>
 #include <klepur/storage/save_config.h>
 #include <klepur/storage/save_options.h>
 #include <klepur/storage/save_report.h>

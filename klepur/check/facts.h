@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include <klepur/check/subnet_table.h>
 #include <klepur/document/document_state.h>
 #include <klepur/document/family.h>
 #include <klepur/language/words.h>
@@ -37,12 +38,6 @@ struct OfHost {
   std::uint32_t host;  ///< Its number in Facts::hosts.
 };
 
-struct SubnetFact {
-  Prefix prefix;
-  NodeId node;
-  NodeId shared_network;
-};
-
 template <class Value>
 struct OfSubnet {
   Value value;
@@ -56,6 +51,30 @@ struct OfSubnet {
 struct NamedFact {
   NodeId node;
   std::string_view name;  ///< As written, quotes and all.
+};
+
+/// Where a host gets its addresses: the shared network, or else the subnet, of a fixed address of it, or that it
+/// stands in; kRoot when it has no place of its own.
+struct HomeFact {
+  std::uint32_t host;
+  NodeId network;
+};
+
+/// What a block sets, for all that is in it.
+enum class Setting : std::uint8_t { kDefaultLeaseTime, kMaxLeaseTime, kMinLeaseTime };
+
+struct SettingFact {
+  Setting setting;
+  std::uint32_t seconds;
+  NodeId statement;
+  NodeId block;
+};
+
+/// A router that a block gives to its clients.
+struct RouterFact {
+  klepur::Address address;
+  NodeId statement;
+  NodeId block;
 };
 
 /// A word that is known, in a place where it is not taken.
@@ -91,7 +110,19 @@ struct Facts {
   LargeArray<OfSubnet<AddressRange>> ranges;        ///< range, range6
   LargeArray<OfSubnet<PrefixRange>> prefix_ranges;  ///< prefix6
 
+  SubnetTable subnet_table;  ///< Made of the subnets behind the walk.
+  LargeArray<HomeFact>
+      homes;  ///< The same of the hosts, in their order; each host has at least one.
+  LargeArray<NodeId> subnets_with_ranges;  ///< The subnet of each range, also of malformed ones.
+  LargeArray<SettingFact> settings;
+  LargeArray<RouterFact> routers;
+
   std::vector<NamedFact> classes;
+  std::vector<NamedFact> class_uses;  ///< By subclasses and pools.
+  std::vector<NamedFact> groups;      ///< Those with a name.
+  std::vector<NamedFact> group_uses;
+  std::vector<NamedFact> key_uses;
+  std::vector<NamedFact> failover_peer_uses;
   std::vector<NamedFact> keys;
   std::vector<NamedFact> failover_peers;
   std::vector<NamedFact> option_definitions;  ///< "space.name"

@@ -174,6 +174,7 @@ template <class Value>
 void AddOfSubnet(const Item& item, const std::optional<Value>& value,
                  LargeArray<OfSubnet<Value>>& facts) {
   const Frame& around = item.around;
+  if ((around.scope & (kInSubnet | kInPool)) == 0) return;
   if (value) facts.push_back({*value, item.id, around.subnet, around.pool, around.shared_network});
 }
 

@@ -40,6 +40,7 @@ void Report::AddAt(std::string_view rule, Position where, std::string message,
 void Report::Enter(std::size_t rule, CheckFinding finding) {
   finding.rule = kRules[rule].name;
   finding.severity = kRules[rule].severity;
+  has_errors_ = has_errors_ || finding.severity == Severity::kError;
   entries_.push_back({static_cast<std::uint32_t>(rule), std::move(finding)});
 }
 

@@ -11,6 +11,7 @@ namespace {
 
 constexpr Severity kError = Severity::kError;
 constexpr Severity kWarning = Severity::kWarning;
+constexpr Severity kNote = Severity::kNote;
 
 constexpr Rule kTable[] = {
     // Structure: what reading finds. structure_rules.cpp
@@ -79,9 +80,62 @@ constexpr Rule kTable[] = {
     {"malformed-definition", kError, "The definition of an option has no number or no type",
      MalformedDefinition},
 
-    // Meaning.
+    // Meaning: hosts.
+    {"duplicate-host", kError, "Two hosts have the same name", DuplicateHost},
     {"duplicate-hardware-address", kWarning,
      "Two hosts of a network have the same hardware address", DuplicateHardwareAddress},
+    {"duplicate-identifier", kWarning, "Two hosts of a network have the same identifier",
+     DuplicateIdentifier},
+    {"duplicate-host-name", kWarning, "Two hosts of a network are told the same host name",
+     DuplicateHostName},
+    {"duplicate-fixed-address", kWarning, "Two hosts have the same fixed address",
+     DuplicateFixedAddress},
+    {"duplicate-fixed-prefix", kWarning, "Two hosts have the same prefix", DuplicateFixedPrefix},
+    {"host-without-identity", kWarning, "A host has neither a hardware address nor an identifier",
+     HostWithoutIdentity},
+    {"fixed-address-outside-subnets", kWarning, "A fixed address is in no subnet",
+     FixedAddressOutsideSubnets},
+    {"fixed-address-in-range", kWarning, "A fixed address is given out by a range as well",
+     FixedAddressInRange},
+    {"fixed-prefix-in-pool", kWarning, "A host's prefix is given out by a pool as well",
+     FixedPrefixInPool},
+
+    // Meaning: networks.
+    {"network-address-handed-out", kWarning, "A subnet's network or broadcast address is given out",
+     NetworkAddressHandedOut},
+    {"overlapping-subnets", kWarning, "Two subnets have addresses in common", OverlappingSubnets},
+    {"subnet-without-addresses", kNote, "A subnet has no range and no host",
+     SubnetWithoutAddresses},
+    {"router-outside-subnet", kWarning,
+     "A router is not in the subnet of the clients that are told of it", RouterOutsideSubnet},
+    {"range-outside-subnet", kError, "A range is not within its subnet", RangeOutsideSubnet},
+    {"reversed-range", kWarning, "A range goes from high to low", ReversedRange},
+    {"overlapping-ranges", kError, "Two ranges of IPv4 give out the same address",
+     OverlappingRanges},
+    {"overlapping-ranges6", kWarning, "Two ranges of IPv6 give out the same address",
+     OverlappingRanges6},
+    {"overlapping-prefix-pools", kWarning, "Two pools give out the same prefix",
+     OverlappingPrefixPools},
+    {"prefix-pool-with-addresses", kWarning, "A prefix is given out, and addresses in it",
+     PrefixPoolWithAddresses},
+    {"lease-times-at-odds", kWarning, "A lease time is above one that it should be below",
+     LeaseTimesAtOdds},
+
+    // Meaning: names.
+    {"undeclared-class", kError, "A class is used and not declared above", UndeclaredClass},
+    {"undeclared-failover-peer", kError, "A failover peer is used and not declared above",
+     UndeclaredFailoverPeer},
+    {"undeclared-group", kError, "A group is used and not declared above", UndeclaredGroup},
+    {"undeclared-key", kError, "A key is used and not declared above", UndeclaredKey},
+    {"option-before-definition", kError, "An option is used above its definition",
+     OptionBeforeDefinition},
+    {"unused-class", kNote, "A class is declared and never used", UnusedClass},
+    {"unused-failover-peer", kError, "A failover peer is declared and never used",
+     UnusedFailoverPeer},
+    {"unused-group", kNote, "A group without blocks is declared and never used", UnusedGroup},
+    {"unused-key", kNote, "A key is declared and never used", UnusedKey},
+    {"unused-option", kNote, "An option is defined and never used", UnusedOption},
+    {"missing-include", kError, "An included file does not exist", MissingInclude},
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <klepur/check/allowances.h>
 #include <klepur/check/gathering.h>
+#include <klepur/check/meaning_gathering.h>
 #include <klepur/check/value_types.h>
 #include <klepur/document/structure_words.h>
 #include <klepur/document/words_of_text.h>
@@ -83,6 +84,7 @@ bool Walk::Step(std::size_t nodes) {
                     : facts_.seen4 ? Family::kDhcp4
                                    : Family::kUnknown;
   }
+  FinishFacts(facts_);
   return false;
 }
 
@@ -152,6 +154,7 @@ void Walk::VisitNode(NodeId id, const SyntaxNode& node) {
   const bool broken = IsBroken(item, *found.structure);
   if (found.structure->begins == Begins::kBranch) facts_.seems_malformed = true;
   Look(item, broken);
+  GatherReferences(item, facts_);
   if (node.kind == NodeKind::kStatement) {
     const bool is_right = GatherStatement(item, facts_);
     if (!is_right && !broken && item.word != nullptr) CheckValue(item, report_);

@@ -51,8 +51,8 @@ TEST(Checker, HeedsWhatACommentAllows) {
       {"#klepur:allow malformed-flag\nping-check yes;\n", "2:12 malformed-flag\n"},
       {"## klepur: allow malformed-time, malformed-flag\n# why\n\nping-check yes;\n", ""},
       {"# klepur: allow malformed-time\nping-check yes;\n", "2:12 malformed-flag\n"},
-      {"# klepur: allow malformed-flag\ngroup {\n  host a { ping-check yes; }\n}\n", ""},
-      {"group {\n  # klepur: allow malformed-flag\n  host a { ping-check yes; }\n  ping-check "
+      {"# klepur: allow malformed-flag\ngroup {\n  group { ping-check yes; }\n}\n", ""},
+      {"group {\n  # klepur: allow malformed-flag\n  group { ping-check yes; }\n  ping-check "
        "1;\n}\n",
        "4:14 malformed-flag\n"},
       {"# klepur: allow no-such-rule\nping-check yes;\n", "2:12 malformed-flag\n"},

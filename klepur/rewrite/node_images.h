@@ -1,0 +1,60 @@
+// Internal: which node of a rewritten text is which of the text before.
+#ifndef KLEPUR_REWRITE_NODE_IMAGES_H
+#define KLEPUR_REWRITE_NODE_IMAGES_H
+
+#include <cstddef>
+#include <vector>
+
+#include <klepur/document/document_state.h>
+#include <klepur/rewrite/rewriting.h>
+
+namespace klepur::internal {
+
+/// A text, the same rewritten, both as nobody edited them, and which node became which. The nodes that begin
+/// in one piece of the text became, one behind the other, those that begin where the piece is written; comments became
+/// comments.
+class NodeImages {
+ public:
+  static constexpr std::size_t kNoPiece = static_cast<std::size_t>(-1);
+
+  NodeImages(const DocumentState& before, const DocumentState& after, const Rewriting& rewriting);
+
+  const DocumentState& Before() const { return before_; }
+  const DocumentState& After() const { return after_; }
+  const Rewriting& Written() const { return rewriting_; }
+
+  /// What became of a node of the text before; kNoNode when nothing did.
+  NodeId ImageOf(NodeId id) const { return image_[id]; }
+  /// What a node of the rewritten text was; kNoNode when it was none.
+  NodeId SourceOf(NodeId id) const { return source_[id]; }
+  /// The piece that a node of the text before, or of the rewritten one, begins in; kNoPiece for none.
+  std::size_t PieceOf(NodeId id) const { return piece_[id]; }
+  std::size_t PieceOfImage(NodeId id) const { return piece_of_image_[id]; }
+
+  /// Whether a node became one of the same kind with the same words, and whether it also has an end as before.
+  bool HasSameWords(NodeId id) const;
+  bool SaysTheSame(NodeId id) const;
+  /// Whether it still stands in the block that it stood in.
+  bool StaysInBlock(NodeId id) const;
+  /// Whether it became a node that stands before this one's image.
+  bool IsWrittenBefore(NodeId id, NodeId other) const { return image_[id] < image_[other]; }
+
+ private:
+  void MatchPiece(std::size_t piece, NodeId& node, NodeId image);
+  void MatchStrays();
+
+  const DocumentState& before_;
+  const DocumentState& after_;
+  const Rewriting& rewriting_;
+  std::vector<NodeId> image_;
+  std::vector<NodeId> source_;
+  std::vector<std::size_t> piece_;
+  std::vector<std::size_t> piece_of_image_;
+};
+
+/// The last node that begins before an address, in a text that nobody edited; the root when none does.
+NodeId LastBefore(const DocumentState& state, Address address);
+
+}  // namespace klepur::internal
+
+#endif

@@ -1,0 +1,263 @@
+#include <klepur/rewrite/rewrite_losses.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <unordered_map>
+#include <utility>
+
+#include <klepur/document/document_state.h>
+#include <klepur/document/gaps.h>
+#include <klepur/document/structure_words.h>
+#include <klepur/rewrite/loss_reason.h>
+#include <klepur/rewrite/node_images.h>
+#include <klepur/rewrite/order_names.h>
+#include <klepur/text/error.h>
+#include <klepur/text/file_bytes.h>
+
+namespace klepur {
+namespace internal {
+namespace {
+
+using Reason = RewriteReason;
+
+struct Loss {
+  NodeId id;
+  Reason reason;
+  Severity severity;
+  NodeId other = kNoNode;
+};
+
+bool BeginsChainPart(const DocumentState& state, NodeId id, Begins what) {
+  return id != kNoNode && state.IsBlock(id) && WordOf(state.tree[id].word).begins == what;
+}
+
+/// The siblings next to each node that are no comments.
+struct Neighbours {
+  explicit Neighbours(const DocumentState& state)
+      : before(state.tree.Count(), kNoNode), behind(state.tree.Count(), kNoNode) {
+    const NodeId count = state.tree.Count();
+    for (NodeId id = 1; id != count; ++id) {
+      const NodeId next = state.tree[id].previous;
+      before[id] = next != kNoNode && state.IsComment(next) ? before[next] : next;
+    }
+    for (NodeId id = count - 1; id != kRoot; --id) {
+      const NodeId next = state.tree[id].next;
+      behind[id] = next != kNoNode && state.IsComment(next) ? behind[next] : next;
+    }
+  }
+
+  std::vector<NodeId> before;
+  std::vector<NodeId> behind;
+};
+
+/// Finds all losses, in the order of the text. What a node's own text and place say comes first; then what its
+/// neighbours are, for what is told nowhere yet.
+class LossFinder {
+ public:
+  explicit LossFinder(const NodeImages& images)
+      : images_(images),
+        state_(images.Before()),
+        told_(state_.tree.Count(), false),
+        neighbours_(state_),
+        written_neighbours_(images.After()) {}
+
+  std::vector<Loss> Find() {
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) Check(id);
+    CheckOrder();
+    for (NodeId id = 1; id != images_.After().tree.Count(); ++id) CheckImage(id);
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) CheckChain(id);
+    if (HasNewStray()) CheckSwallowedBraces();
+    for (const NodeId id : one_line_blocks_) TellOneLineBlock(id);
+    std::sort(losses_.begin(), losses_.end(),
+              [](const Loss& left, const Loss& right) { return left.id < right.id; });
+    return std::move(losses_);
+  }
+
+ private:
+  void Tell(Loss loss) {
+    if (told_[loss.id]) return;
+    told_[loss.id] = true;
+    losses_.push_back(loss);
+  }
+
+  bool IsSame(NodeId id) const { return images_.SaysTheSame(id) && images_.StaysInBlock(id); }
+
+  void Check(NodeId id) {
+    if (!images_.SaysTheSame(id) || !images_.StaysInBlock(id)) {
+      const Severity severity = state_.IsComment(id) ? Severity::kWarning : Severity::kError;
+      return Tell({id, ReasonOf(images_, id), severity});
+    }
+    if (state_.IsComment(id)) CheckCommentsPlace(id);
+    if (state_.IsBlock(id)) CheckOneLineBlock(id);
+  }
+
+  /// A comment behind something stands with that, every other one with what follows it in its block.
+  void CheckCommentsPlace(NodeId id) {
+    const NodeId image = images_.ImageOf(id);
+    const bool trails = !BeginsLine(state_, id);
+    const NodeId next = neighbours_.behind[id];
+    const NodeId next_image = next == kNoNode ? kNoNode : images_.ImageOf(next);
+    const bool stays = trails == !BeginsLine(images_.After(), image) &&
+                       (trails || (written_neighbours_.behind[image] == next_image &&
+                                   (next == kNoNode) == (next_image == kNoNode)));
+    if (!stays) Tell({id, Reason::kCommentMoves, Severity::kWarning});
+  }
+
+  void CheckOneLineBlock(NodeId id) {
+    const std::size_t piece = images_.PieceOf(id);
+    if (images_.Written().pieces[piece].sort == RewrittenPiece::Sort::kHeader) return;
+    if (images_.PieceOf(state_.tree[id].parent) != piece) one_line_blocks_.push_back(id);
+  }
+
+  /// A block whose "}" is in a line below takes that of the block around it, when that loses one.
+  void TellOneLineBlock(NodeId id) {
+    const bool takes = EndsBelowItsLine(images_, id) && told_[state_.tree[id].parent];
+    Tell({id, Reason::kOneLineBlock, takes ? Severity::kError : Severity::kNote});
+  }
+
+  /// Whether some node comes to stand before one that it stands behind.
+  bool IsOrderChanged() const {
+    NodeId last = kRoot;
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) {
+      if (told_[id] || state_.IsComment(id)) continue;
+      if (images_.IsWrittenBefore(id, last)) return true;
+      last = id;
+    }
+    return false;
+  }
+
+  void CheckOrder() {
+    if (!IsOrderChanged()) return;
+    const OrderNames order(state_);
+    std::unordered_map<std::string, LastWritten> things;
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) {
+      if (told_[id]) continue;
+      for (const OrderName& name : order.Of(id)) CheckName(id, name, things[name.thing]);
+    }
+  }
+
+  /// Of the nodes so far that have to do with a thing, those that are written last.
+  struct LastWritten {
+    NodeId user = kNoNode;
+    NodeId giver = kNoNode;
+  };
+
+  void CheckName(NodeId id, const OrderName& name, LastWritten& last) {
+    if (name.role != OrderRole::kEnables) CheckBehind(id, last.giver);
+    if (name.role != OrderRole::kUses) CheckBehind(id, last.user);
+    KeepLast(id, name.role == OrderRole::kUses ? last.user : last.giver);
+  }
+
+  void CheckBehind(NodeId id, NodeId other) {
+    if (other == kNoNode || !images_.IsWrittenBefore(id, other)) return;
+    Tell({id, Reason::kOrder, Severity::kError, other});
+  }
+
+  void KeepLast(NodeId id, NodeId& last) const {
+    if (last == kNoNode || images_.IsWrittenBefore(last, id)) last = id;
+  }
+
+  void CheckChain(NodeId id) {
+    if (told_[id] || !BeginsChainPart(state_, id, Begins::kBranch)) return;
+    const NodeId previous = neighbours_.before[id];
+    if (!BeginsChainPart(state_, previous, Begins::kChain) &&
+        !BeginsChainPart(state_, previous, Begins::kBranch)) {
+      return;
+    }
+    if (written_neighbours_.before[images_.ImageOf(id)] == images_.ImageOf(previous)) return;
+    Tell({id, Reason::kOrder, Severity::kError, previous});
+  }
+
+  /// Whether a "}" is written that closes nothing and did not stand in the text.
+  bool HasNewStray() const {
+    for (NodeId image = 1; image != images_.After().tree.Count(); ++image) {
+      if (images_.After().tree[image].kind == NodeKind::kStray &&
+          images_.SourceOf(image) == kNoNode &&
+          images_.PieceOfImage(image) == NodeImages::kNoPiece) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  /// A block is written with a "}" of its own, also when the one that it had is part of a line.
+  void CheckSwallowedBraces() {
+    const std::vector<RewrittenPiece>& pieces = images_.Written().pieces;
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) {
+      const std::size_t piece = images_.PieceOf(id);
+      if (!state_.IsBlock(id) || state_.tree[id].unfinished || piece == NodeImages::kNoPiece)
+        continue;
+      if (pieces[piece].sort != RewrittenPiece::Sort::kHeader) continue;
+      const Address brace = state_.tree[id].end - 1;
+      const auto behind = std::upper_bound(
+          pieces.begin(), pieces.end(), brace,
+          [](Address at, const RewrittenPiece& other) { return at < other.source.begin; });
+      if (behind == pieces.begin() || std::prev(behind)->source.end <= brace) continue;
+      Tell({id, Reason::kSwallowedBrace, Severity::kError});
+    }
+  }
+
+  /// What is in the rewritten text only is told of what it is made of.
+  void CheckImage(NodeId image) {
+    if (images_.SourceOf(image) != kNoNode || images_.PieceOfImage(image) == NodeImages::kNoPiece)
+      return;
+    const NodeId id = NodeAround(images_.Written().pieces[images_.PieceOfImage(image)].source);
+    if (id == kRoot) return;
+    if (images_.After().tree[image].kind == NodeKind::kComment) {
+      return Tell({id, Reason::kCommentChanges, Severity::kWarning});
+    }
+    const bool late = state_.IsBlock(id) && state_.tree[id].late_semicolon != 0;
+    Tell({id, late ? Reason::kSemicolonBehindBlock : Reason::kAnotherMeaning, Severity::kError});
+  }
+
+  /// The innermost node around the last byte of a piece, or else the last one before it.
+  NodeId NodeAround(Span source) const {
+    const NodeId last = LastBefore(state_, source.end);
+    for (NodeId id = last; id != kRoot; id = state_.tree[id].parent) {
+      if (state_.tree[id].end >= source.end) return id;
+    }
+    return last;
+  }
+
+  const NodeImages& images_;
+  const DocumentState& state_;
+  std::vector<bool> told_;
+  std::vector<Loss> losses_;
+  std::vector<NodeId> one_line_blocks_;
+  const Neighbours neighbours_;
+  const Neighbours written_neighbours_;
+};
+
+RewriteLoss Described(DocumentState& state, const Loss& loss) {
+  state.positions.Update(state.text, state.edits);
+  const auto place = [&state](NodeId id) {
+    return id == kNoNode ? Position() : state.positions.Of(state.text, state.Begin(id));
+  };
+  return {loss.reason, loss.severity, place(loss.id), SentenceOf(state, loss.id, loss.reason),
+          place(loss.other)};
+}
+
+}  // namespace
+}  // namespace internal
+
+std::vector<RewriteLoss> FindRewriteLosses(std::string_view text) {
+  if (text.size() > internal::kMostBytes) {
+    throw Error(ErrorCode::kTooLarge, "the text reaches 4 GiB");
+  }
+  const internal::Rewriting rewriting = internal::Rewrite(text);
+  internal::DocumentState before{internal::TextBuffer(text)};
+  const internal::DocumentState after{internal::TextBuffer(rewriting.text)};
+  const internal::NodeImages images(before, after, rewriting);
+  std::vector<RewriteLoss> losses;
+  for (const internal::Loss& loss : internal::LossFinder(images).Find()) {
+    losses.push_back(internal::Described(before, loss));
+  }
+  return losses;
+}
+
+std::vector<RewriteLoss> FindRewriteLosses(const Document& document) {
+  return FindRewriteLosses(document.Text());
+}
+
+}  // namespace klepur
