@@ -17,7 +17,7 @@ void Report::AddOf(std::size_t rule, Draft draft) {
   if (!draft.at.empty()) {
     const std::string_view own = state_.OwnText(draft.node);
     edge = state_.text.Before(state_.tree[draft.node].begin +
-                              static_cast<Address>(draft.at.data() - own.data()));
+                              static_cast<TextAddress>(draft.at.data() - own.data()));
   }
   finding.place = {state_.path, PositionOf(edge)};
   if (draft.other != kNoNode) {
@@ -46,7 +46,7 @@ void Report::Enter(std::size_t rule, CheckFinding finding) {
 
 Position Report::PositionOf(PieceText::Edge edge) const {
   const std::lock_guard<std::mutex> lock(state_.lazy);
-  state_.positions.Update(state_.text, state_.edits);
+  state_.positions.Update(state_.text);
   return state_.positions.Of(state_.text, edge);
 }
 

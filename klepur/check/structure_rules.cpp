@@ -53,7 +53,7 @@ void ReportStructure(const Document& document, bool look, Report& report) {
   std::vector<NodeFinding> findings;
   {
     const std::lock_guard<std::mutex> lock(state.lazy);
-    state.positions.Update(state.text, state.edits);
+    state.positions.Update(state.text);
     findings = FindingsOf(state);
   }
   for (NodeFinding& finding : findings) {

@@ -67,7 +67,7 @@ bool IsGap(char byte) {
 
 /// The first byte behind a node that is no blank; 0 at the end.
 char ByteBehind(const DocumentState& state, NodeId id) {
-  for (Address at = state.tree[id].end; at < state.text.BaseSize(); ++at) {
+  for (TextAddress at = state.tree[id].end; at < state.text.BaseSize(); ++at) {
     if (!IsGap(*state.text.Bytes(at))) return *state.text.Bytes(at);
   }
   return '\0';
@@ -101,7 +101,7 @@ Reason OfHeader(const NodeImages& images, NodeId id, const RewrittenPiece& piece
                         state.tree[state.tree[id].parent].begin >= piece.source.begin;
     return behind || !state.tree[id].unfinished ? Reason::kTextBehindBrace : OfUnended(state, id);
   }
-  const Address behind_brace = state.tree[id].begin + state.tree.BraceOf(id) + 1;
+  const TextAddress behind_brace = state.tree[id].begin + state.tree.BraceOf(id) + 1;
   const std::string_view rest =
       state.text.View({behind_brace, std::max(behind_brace, piece.source.end)});
   return std::all_of(rest.begin(), rest.end(), IsGap) ? Reason::kBehindText

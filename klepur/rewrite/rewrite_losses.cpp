@@ -189,10 +189,10 @@ class LossFinder {
       if (!state_.IsBlock(id) || state_.tree[id].unfinished || piece == NodeImages::kNoPiece)
         continue;
       if (pieces[piece].sort != RewrittenPiece::Sort::kHeader) continue;
-      const Address brace = state_.tree[id].end - 1;
+      const TextAddress brace = state_.tree[id].end - 1;
       const auto behind = std::upper_bound(
           pieces.begin(), pieces.end(), brace,
-          [](Address at, const RewrittenPiece& other) { return at < other.source.begin; });
+          [](TextAddress at, const RewrittenPiece& other) { return at < other.source.begin; });
       if (behind == pieces.begin() || std::prev(behind)->source.end <= brace) continue;
       Tell({id, Reason::kSwallowedBrace, Severity::kError});
     }
@@ -230,7 +230,7 @@ class LossFinder {
 };
 
 RewriteLoss Described(DocumentState& state, const Loss& loss) {
-  state.positions.Update(state.text, state.edits);
+  state.positions.Update(state.text);
   const auto place = [&state](NodeId id) {
     return id == kNoNode ? Position() : state.positions.Of(state.text, state.Begin(id));
   };

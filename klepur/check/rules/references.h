@@ -31,8 +31,8 @@ inline std::string Spelled(std::string_view name, Case letters) {
 /// How many bytes of the text stand before a node.
 inline std::size_t OffsetOf(const DocumentState& state, NodeId id) {
   const std::lock_guard<std::mutex> lock(state.lazy);
-  state.positions.Update(state.text, state.edits);
-  return state.positions.OffsetOf(state.Begin(id));
+  state.positions.Update(state.text);
+  return state.positions.OffsetOf(state.text, state.Begin(id));
 }
 
 /// The first declaration of each name.
