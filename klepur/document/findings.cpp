@@ -206,9 +206,9 @@ class Collector {
       message += "; by the indentation it seems to end before " + LineOf(outside);
     }
     Add(FindingCode::kUnclosedBlock, brace, std::move(message));
-    if (outside != kNoNode) {
+    if (outside != kNoNode && !told_end_) {
       AddSeemsToEnd(id, state_.Begin(outside));
-    } else if (!looked_within_) {
+    } else if (!told_end_ && !looked_within_) {
       LookWithinUnclosed(id);
     }
     PieceText::Edge end = brace;
@@ -223,7 +223,9 @@ class Collector {
         Severity::kNote);
   }
 
+  /// Told of the first block only: those around and in it follow from that.
   void AddSeemsToEnd(NodeId block, PieceText::Edge where) {
+    told_end_ = true;
     Add(FindingCode::kBlockSeemsToEnd, where,
         "the block that begins in " + LineOf(block) + " seems to end before this", Severity::kNote);
   }
@@ -315,6 +317,7 @@ class Collector {
   const DocumentState& state_;
   NodeId last_ = kRoot;
   bool looked_within_ = false;
+  bool told_end_ = false;
   std::vector<NodeFinding> findings_;
   NodeId about_ = kRoot;
 };

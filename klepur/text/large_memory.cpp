@@ -20,8 +20,8 @@ std::size_t PagesFor(std::size_t size) {
   return (size + kHuge - 1) / kHuge * kHuge;
 }
 
-/// Pages at a multiple of kHuge, huge ones as far as they are filled by what is wanted.
-char* MapPages(std::size_t size, std::size_t wanted) {
+/// Pages at a multiple of kHuge.
+char* MapPages(std::size_t size) {
   void* const mapped = ::mmap(nullptr, size + kHuge, PROT_READ | PROT_WRITE,
                               MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
   if (mapped == MAP_FAILED) throw std::bad_alloc();
@@ -29,8 +29,7 @@ char* MapPages(std::size_t size, std::size_t wanted) {
   const std::size_t before = kHuge - reinterpret_cast<std::uintptr_t>(begin) % kHuge;
   ::munmap(begin, before);
   if (before != kHuge) ::munmap(begin + before + size, kHuge - before);
-  // A wish: without huge pages it is slower.
-  ::madvise(begin + before, wanted / kHuge * kHuge, MADV_HUGEPAGE);
+  ::madvise(begin + before, size, MADV_HUGEPAGE);  // a wish: without huge pages it is slower
   return begin + before;
 }
 
@@ -59,9 +58,8 @@ LargeMemory::~LargeMemory() {
 void LargeMemory::Grow(std::size_t size, std::size_t used) {
   if (size <= size_) return;
   const bool large = size >= kLarge;
-  const std::size_t wanted = size;
   if (large) size = PagesFor(size);
-  char* const data = large ? MapPages(size, wanted) : static_cast<char*>(::operator new(size));
+  char* const data = large ? MapPages(size) : static_cast<char*>(::operator new(size));
   if (size_ >= kLarge) {
     MovePages(data_, size_, data, size);
   } else if (data_ != nullptr) {
