@@ -1,10 +1,11 @@
-// Compares reading a DHCPv4 configuration file into a document, and edits of it, with what stands
-// beside them.
+// Compares reading a DHCPv4 configuration file into a document, edits of it and a check of it with what
+// stands beside them.
 //
 //     compare_document FILE ROUNDS
 //
 // The file is one of generate_config. JSON is parsed from memory; the document reads its file. Freeing
 // what was made is not timed.
+#include <klepur/check/checker.h>
 #include <klepur/document/document.h>
 #include <rapidjson/document.h>
 
@@ -98,6 +99,15 @@ double EditMany(const std::string& path) {
   return seconds;
 }
 
+/// All rules over a file in which none finds anything.
+double CheckAll(const std::string& path) {
+  const Document document = Document::Read(path);
+  std::vector<klepur::CheckFinding> findings;
+  const double seconds = SecondsFor([&] { findings = klepur::Check(document); });
+  Check(findings.empty(), "nothing is found in a generated file");
+  return seconds;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -109,11 +119,12 @@ int main(int argc, char** argv) {
     const std::string json = JsonOfTree(path);
     samples = InTurn(arguments.rounds,
                      {[&] { return Read(path); }, [&] { return ParseWithRapidJson(json); },
-                      [&] { return EditMany(path); }});
+                      [&] { return EditMany(path); }, [&] { return CheckAll(path); }});
   }
   PrintRow("Document, read" + size, samples[0], "RapidJSON, DOM of the same tree", samples[1],
            0.35);
   PrintRow("Document, 10000 edits" + size, samples[2], "reading it", samples[0], 1.0);
+  PrintRow("Document, checked by all rules" + size, samples[3], "reading it", samples[0], 3.0);
 
   Change change(path);
   const FileText text(path);

@@ -180,17 +180,9 @@ class Collector {
     }
   }
 
-  bool HoldsNul() const {
-    bool found = false;
-    state_.text.ForEachPiece([&](PieceText::PieceId, Span span) {
-      found = found || state_.text.View(span).find('\0') != std::string_view::npos;
-    });
-    return found;
-  }
-
   /// The server passes over a single NUL before a word, and stops at all others.
   void LookForNuls() {
-    if (!HoldsNul()) return;
+    if (!HoldsNul(state_)) return;
     NodeId top = kRoot;
     for (NodeId id = kRoot; id != kNoNode; id = state_.tree.NextInOrder(id, top)) {
       if (id != kRoot) LookForNulsIn({state_.tree[id].parent, state_.tree[id].previous});
@@ -219,6 +211,14 @@ class Collector {
 };
 
 }  // namespace
+
+bool HoldsNul(const DocumentState& state) {
+  bool found = false;
+  state.text.ForEachPiece([&](PieceText::PieceId, Span span) {
+    found = found || state.text.View(span).find('\0') != std::string_view::npos;
+  });
+  return found;
+}
 
 std::vector<NodeFinding> FindingsOf(const DocumentState& state) {
   return Collector(state).Collect();

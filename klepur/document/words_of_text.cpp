@@ -1,5 +1,6 @@
 #include <klepur/document/words_of_text.h>
 
+#include <array>
 #include <cstddef>
 
 #include <klepur/text/letters.h>
@@ -11,8 +12,12 @@ bool IsGap(char byte) {
   return byte == ' ' || (byte >= '\t' && byte <= '\r') || byte == '\0';
 }
 
-bool Joins(char byte) {
+constexpr std::array<bool, 256> kJoins = ByteTable([](char byte) {
   return IsWordByte(byte) || byte == '.' || byte == ':' || byte == '/' || (byte & 0x80) != 0;
+});
+
+bool Joins(char byte) {
+  return kJoins[static_cast<unsigned char>(byte)];
 }
 
 }  // namespace
