@@ -68,7 +68,8 @@ class LossFinder {
     for (NodeId id = 1; id != images_.After().tree.Count(); ++id) CheckImage(id);
     for (NodeId id = 1; id != state_.tree.Count(); ++id) CheckChain(id);
     if (HasNewStray()) CheckSwallowedBraces();
-    for (const NodeId id : one_line_blocks_) TellOneLineBlock(id);
+    const std::vector<bool> changed = told_;
+    for (const NodeId id : one_line_blocks_) TellOneLineBlock(id, changed);
     std::sort(losses_.begin(), losses_.end(),
               [](const Loss& left, const Loss& right) { return left.id < right.id; });
     return std::move(losses_);
@@ -111,8 +112,8 @@ class LossFinder {
   }
 
   /// A block whose "}" is in a line below takes that of the block around it, when that loses one.
-  void TellOneLineBlock(NodeId id) {
-    const bool takes = EndsBelowItsLine(images_, id) && told_[state_.tree[id].parent];
+  void TellOneLineBlock(NodeId id, const std::vector<bool>& changed) {
+    const bool takes = EndsBelowItsLine(images_, id) && changed[state_.tree[id].parent];
     Tell({id, Reason::kOneLineBlock, takes ? Severity::kError : Severity::kNote});
   }
 

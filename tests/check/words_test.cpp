@@ -48,7 +48,7 @@ TEST(Permissions, AreKnownByTheirNames) {
       {"allow unknown-clients on;\n", "1:23 surplus-value\n"},
       {"deny members of \"a\";\n", "1:1 misplaced-statement\n"},
   };
-  ExpectFound(cases);
+  ExpectFound(cases, ByItself());
 }
 
 TEST(Places, AreThoseOfTheTableOfWords) {
@@ -65,7 +65,7 @@ TEST(Places, AreThoseOfTheTableOfWords) {
       {"use-eui-64 true;\n", "1:1 misplaced-statement\n"},
       {"define f(a) { max-lease-time 5; }\n", ""},
   };
-  ExpectFound(cases);
+  ExpectFound(cases, ByItself());
 }
 
 TEST(Places, DependOnTheFamily) {
@@ -90,7 +90,7 @@ TEST(Blocks, HaveTheFormOfTheirKeyword) {
       {"switch (known) {\n  case 1\n  max-lease-time 5;\n}\n", "2:3 label-without-colon\n"},
       {"switch (known) {\n  case 1:\n  max-lease-time 5;\n}\n", ""},
   };
-  ExpectFound(cases);
+  ExpectFound(cases, ByItself());
 }
 
 TEST(Options, AreThoseOfTheServerAndOfTheFile) {
@@ -125,7 +125,7 @@ TEST(Definitions, HaveANumberAndATypeThatThereIs) {
       {"option a code 200 = unsigned text;\n", "1:30 malformed-definition\n"},
       {"option a code 200 = array of array of text;\n", "1:30 malformed-definition\n"},
   };
-  ExpectFound(cases);
+  ExpectFound(cases, ByItself());
 }
 
 TEST(HardwareAddresses, AreThoseOfOneHostOfANetwork) {
