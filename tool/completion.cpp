@@ -113,28 +113,34 @@ std::string ValueArms() {
   return text;
 }
 
-/// What bash and zsh have in common: from the words before the cursor to a source of words.
-std::string SharedPart() {
-  std::string text =
-      "# Sets source and choices from the words before the cursor, of which the first is klepur.\n";
-  text +=
-      "_klepur_source() {\n  [ -z \"$ZSH_VERSION\" ] || emulate -L sh\n  local command=$2 options= "
-      "sources= value= word previous= file= "
-      "taken=0\n";
-  text += "  source=nothing choices= klepur_file=\n";
-  text += fmt::format("  if [ $# -lt 2 ]; then\n    source=choice choices={}\n    return\n  fi\n",
-                      Quote("--help --version " + CommandNames()));
-  text += "  shift 2\n  case $command in\n" + CommandArms() + "  esac\n";
-  text += "  for word; do\n    value=\n    case \"$command $word\" in\n";
-  std::string takers;
+/// "COMMAND --OPTION" of all options with a value, as a pattern.
+std::string ValuePattern() {
+  std::string pattern;
   for (const Command& command : Commands()) {
     for (const Option& option : command.options) {
       if (option.value.empty()) continue;
-      takers += fmt::format("{}'{} --{}'", takers.empty() ? "" : "|", command.name, option.name);
-      if (option.letter != 0) takers += fmt::format("|'{} -{}'", command.name, option.letter);
+      pattern += fmt::format("{}'{} --{}'", pattern.empty() ? "" : "|", command.name, option.name);
+      if (option.letter != 0) pattern += fmt::format("|'{} -{}'", command.name, option.letter);
     }
   }
-  text += fmt::format("      {}) value=yes ;;\n    esac\n", takers);
+  return pattern;
+}
+
+/// The shell function that tells what can stand at the cursor.
+std::string SourceFunction() {
+  std::string text =
+      R"sh(# Sets source, choices, klepur_options and klepur_file from the words before the cursor, klepur the first of them.
+_klepur_source() {
+  [ -z "$ZSH_VERSION" ] || emulate -L sh
+  local command=$2 options= sources= value= word previous= taken=0 each rest
+  source=nothing choices= klepur_file=
+  if [ $# -lt 2 ]; then
+)sh";
+  text +=
+      fmt::format("    source=choice choices={}\n", Quote("--help --version " + CommandNames()));
+  text += "    return\n  fi\n  shift 2\n  case $command in\n" + CommandArms() + "  esac\n";
+  text += "  for word; do\n    value=\n    case \"$command $word\" in\n";
+  text += fmt::format("      {}) value=yes ;;\n    esac\n", ValuePattern());
   text += R"sh(    if [ -n "$previous" ]; then
       previous=
     elif [ -n "$value" ]; then
@@ -156,7 +162,7 @@ std::string SharedPart() {
   fi
   source=nothing
   klepur_options=$options
-  local each rest=$sources
+  rest=$sources
   while [ -n "$rest" ]; do
     each=${rest%% *}
     case $rest in *' '*) rest=${rest#* } ;; *) rest= ;; esac
@@ -168,7 +174,13 @@ std::string SharedPart() {
   done
 }
 
-# The words of a source, a line each.
+)sh";
+  return text;
+}
+
+/// The shell function that prints what a source offers.
+std::string WordsFunction() {
+  std::string text = R"sh(# The words of a source, a line each.
 _klepur_words() {
   [ -z "$ZSH_VERSION" ] || emulate -L sh
   case $1 in
@@ -176,18 +188,19 @@ _klepur_words() {
 )sh";
   text += fmt::format("    command) printf '%s\\n' {} ;;\n", CommandNames());
   text += fmt::format("    kind) printf '%s\\n' {} ;;\n", kKinds);
-  text += R"sh(    block) klepur list "$klepur_file" 2>/dev/null |
-      while IFS="$klepur_tab" read -r kind name; do
-        name=${name%%"$klepur_tab"*}
-        [ -z "$name" ] || printf '%s %s\n' "$kind" "$name"
-      done ;;
+  text +=
+      R"sh(    block) klepur list "$klepur_file" 2>/dev/null | awk -F '\t' '$2 != "" { print $1 " " $2 }' ;;
     keyword) klepur words 2>/dev/null | cut -f 1 ;;
   esac
 }
-klepur_tab=$(printf '\t')
 
 )sh";
   return text;
+}
+
+/// What bash and zsh have in common: from the words before the cursor to those that can follow.
+std::string SharedPart() {
+  return SourceFunction() + WordsFunction();
 }
 
 std::string BashScript() {

@@ -166,13 +166,12 @@ class Search {
     if (const auto hardware = HardwareOf(what)) spellings.push_back(*hardware);
     std::sort(spellings.begin(), spellings.end());
     spellings.erase(std::unique(spellings.begin(), spellings.end()), spellings.end());
+    std::vector<TextSearch::Blocks> found = {text_.AroundNumbers(spellings)};
+    for (const std::string& text : spellings) found.push_back(text_.AroundText(text));
     std::vector<Node> all;
-    for (const std::string& bytes : spellings) {
-      for (const TextSearch::Blocks& blocks :
-           {text_.AroundText(bytes), text_.AroundNumbers(bytes)}) {
-        if (!blocks) return std::nullopt;
-        all.insert(all.end(), blocks->begin(), blocks->end());
-      }
+    for (const TextSearch::Blocks& blocks : found) {
+      if (!blocks) return std::nullopt;
+      all.insert(all.end(), blocks->begin(), blocks->end());
     }
     std::sort(all.begin(), all.end(),
               [](const Node& left, const Node& right) { return left.Offset() < right.Offset(); });

@@ -52,7 +52,7 @@ bool EditedFile::IsChanged() const {
 }
 
 std::string EditedFile::Diff() const {
-  return UnifiedDiff(Before().Text(), document_.Text(), path_, path_);
+  return file_ ? file_->Diff(document_) : UnifiedDiff(input_, document_.Text(), path_, path_);
 }
 
 SaveOptions EditedFile::Options() const {

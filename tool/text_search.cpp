@@ -124,7 +124,7 @@ TextSearch::Blocks TextSearch::AroundText(std::string_view text) const {
   return BlocksAt(offsets);
 }
 
-TextSearch::Blocks TextSearch::AroundNumbers(std::string_view bytes) const {
+TextSearch::Blocks TextSearch::AroundNumbers(const std::vector<std::string>& any) const {
   std::vector<std::size_t> offsets;
   for (std::size_t at = text_.find(':'); at < text_.size(); at = text_.find(':', at)) {
     // Of numbers with colons between, each may be the first one that counts.
@@ -137,9 +137,11 @@ TextSearch::Blocks TextSearch::AroundNumbers(std::string_view bytes) const {
       ++at;
       continue;
     }
-    NumberSeries series(text_, begin);
-    if (series.BeginsWith(bytes)) offsets.push_back(begin);
-    if (series.IsCut()) return std::nullopt;
+    for (const std::string& bytes : any) {
+      NumberSeries series(text_, begin);
+      if (series.BeginsWith(bytes)) offsets.push_back(begin);
+      if (series.IsCut()) return std::nullopt;
+    }
     ++at;
     while (at < text_.size() && (text_[at] == ':' || DigitValue(text_[at]) >= 0)) ++at;
   }

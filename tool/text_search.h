@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -28,8 +29,8 @@ class TextSearch {
   bool IsGoodFor() const;
 
   Blocks AroundText(std::string_view text) const;
-  /// Where these bytes are written as hexadecimal numbers: "0:16:3E:10:0:17".
-  Blocks AroundNumbers(std::string_view bytes) const;
+  /// Where one of these byte strings is written as hexadecimal numbers: "0:16:3E:10:0:17".
+  Blocks AroundNumbers(const std::vector<std::string>& any) const;
   /// Where the address is written, in any spelling.
   Blocks AroundAddress(const Address& address) const;
 
