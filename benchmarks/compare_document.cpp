@@ -1,11 +1,13 @@
-// Compares reading a DHCPv4 configuration file into a document, and edits of it, with what stands
-// beside them.
+// Compares reading a DHCPv4 configuration file into a document, edits of it, a check of it, and the first
+// question of each kind to its network, with what stands beside them.
 //
 //     compare_document FILE ROUNDS
 //
 // The file is one of generate_config. JSON is parsed from memory; the document reads its file. Freeing
 // what was made is not timed.
+#include <klepur/check/checker.h>
 #include <klepur/document/document.h>
+#include <klepur/network/network.h>
 #include <rapidjson/document.h>
 
 #include <cstddef>
@@ -27,6 +29,7 @@
 namespace {
 
 using klepur::Document;
+using klepur::Network;
 using klepur::Node;
 
 constexpr std::size_t kEdits = 10000;
@@ -98,6 +101,65 @@ double EditMany(const std::string& path) {
   return seconds;
 }
 
+/// A question that what the generated file begins with answers.
+struct Question {
+  const char* kind;
+  bool (*ask)(const Network& network, const Node& host);
+};
+
+constexpr Question kQuestions[] = {
+    {"hardware address",
+     [](const Network& network, const Node& host) {
+       return network.HostsByHardwareAddress("00:16:3e:00:00:01").front() == host;
+     }},
+    {"fixed address",
+     [](const Network& network, const Node& host) {
+       return network.HostsByAddress("10.0.0.1").front() == host;
+     }},
+    {"client identifier",
+     [](const Network& network, const Node& /*host*/) {
+       return network.HostsByClientIdentifier("\"pc\"").empty();
+     }},
+    {"host name option",
+     [](const Network& network, const Node& host) {
+       return network.HostsByHostName("pc-0000-001").front() == host;
+     }},
+    {"host by name",
+     [](const Network& network, const Node& host) {
+       return network.HostsByName("pc-0000-001").front() == host;
+     }},
+    {"subnet", [](const Network& network,
+                  const Node& host) { return network.SubnetOf("10.0.0.1") == host.Parent(); }},
+    {"range",
+     [](const Network& network, const Node& host) {
+       return network.RangeOf("10.0.0.200").Parent() == host.Parent();
+     }},
+    {"statement in force for a host",
+     [](const Network& network, const Node& host) {
+       return network.StatementInForce(host, "option routers").from == host.Parent();
+     }},
+};
+
+/// The first question to a network. The host is not found by a question: that could answer part of it.
+double Ask(const std::string& path, const Question& question) {
+  const Document document = Document::Read(path);
+  const Node host = document.At(6);
+  const Network network(document);
+  bool right = false;
+  const double seconds = SecondsFor([&] { right = question.ask(network, host); });
+  Check(right, question.kind);
+  return seconds;
+}
+
+/// All rules over a file in which none finds anything.
+double CheckAll(const std::string& path) {
+  const Document document = Document::Read(path);
+  std::vector<klepur::CheckFinding> findings;
+  const double seconds = SecondsFor([&] { findings = klepur::Check(document); });
+  Check(findings.empty(), "nothing is found in a generated file");
+  return seconds;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -107,13 +169,22 @@ int main(int argc, char** argv) {
   std::vector<Samples> samples;
   {
     const std::string json = JsonOfTree(path);
-    samples = InTurn(arguments.rounds,
-                     {[&] { return Read(path); }, [&] { return ParseWithRapidJson(json); },
-                      [&] { return EditMany(path); }});
+    std::vector<Work> works = {[&] { return Read(path); }, [&] { return ParseWithRapidJson(json); },
+                               [&] { return EditMany(path); }, [&] { return CheckAll(path); }};
+    for (const Question& question : kQuestions) {
+      works.emplace_back([&] { return Ask(path, question); });
+    }
+    samples = InTurn(arguments.rounds, works);
   }
   PrintRow("Document, read" + size, samples[0], "RapidJSON, DOM of the same tree", samples[1],
            0.35);
   PrintRow("Document, 10000 edits" + size, samples[2], "reading it", samples[0], 1.0);
+  PrintRow("Document, checked by all rules" + size, samples[3], "reading it", samples[0], 3.0);
+  std::size_t work = 4;
+  for (const Question& question : kQuestions) {
+    PrintRow(std::string("Network, first question: ") + question.kind + size, samples[work++],
+             "reading it", samples[0], 3.0);
+  }
 
   Change change(path);
   const FileText text(path);

@@ -59,7 +59,7 @@ class Pass {
       }
       ++rule_;
     }
-    internal::ReportStructure(document_, report_);
+    internal::ReportStructure(document_, facts_.seems_malformed, report_);
     return false;
   }
 

@@ -2,6 +2,7 @@
 #ifndef KLEPUR_CHECK_EQUAL_VALUES_H
 #define KLEPUR_CHECK_EQUAL_VALUES_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -24,10 +25,20 @@ void ForEachEqual(std::uint32_t count, const Hash& hash, const Equal& equal, con
   std::size_t room = 16;
   while (room < std::size_t{count} * 2) room *= 2;
   std::vector<Slot> slots(room);
+  // Hashes of neighbours may be neighbours, and the low bits alike.
+  const auto mixed = [&](std::uint32_t i) {
+    return static_cast<std::uint32_t>((std::uint64_t{hash(i)} * 0x9E3779B97F4A7C15U) >> 32U);
+  };
+  constexpr std::uint32_t kAhead = 16;  // fetched from memory before they are looked at
+  std::uint32_t hashes[kAhead] = {};
+  for (std::uint32_t ahead = 0; ahead != std::min(kAhead, count); ++ahead)
+    hashes[ahead] = mixed(ahead);
   for (std::uint32_t i = 0; i != count; ++i) {
-    // Hashes of neighbours may be neighbours, and the low bits alike.
-    const std::uint64_t mixed = std::uint64_t{hash(i)} * 0x9E3779B97F4A7C15U;
-    const auto high = static_cast<std::uint32_t>(mixed >> 32U);
+    const std::uint32_t high = hashes[i % kAhead];
+    if (count - i > kAhead) {
+      hashes[i % kAhead] = mixed(i + kAhead);
+      __builtin_prefetch(&slots[hashes[i % kAhead] & (room - 1)]);
+    }
     std::size_t at = high & (room - 1);
     while (slots[at].last != 0 && !(slots[at].hash == high && equal(slots[at].last - 1, i))) {
       at = (at + 1) & (room - 1);

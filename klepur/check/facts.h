@@ -95,6 +95,8 @@ struct Facts {
   Family family = Family::kUnknown;  ///< During the walk only what the caller said.
   bool seen4 = false;  ///< Whether a word told that it is a file of DHCPv4, of DHCPv6.
   bool seen6 = false;
+  bool seems_malformed =
+      false;  ///< Whether the document may have findings of its own in what was walked over.
 
   LargeArray<HostFact> hosts;
   LargeArray<OfHost<HardwareAddress>> hardware;

@@ -3,6 +3,7 @@
 #include <klepur/document/words_of_text.h>
 #include <klepur/language/word_index.h>
 #include <klepur/language/word_rows.h>
+#include <klepur/network/quoted_text.h>
 #include <klepur/network/value_address.h>
 #include <klepur/network/value_words.h>
 #include <klepur/text/letters.h>
@@ -48,6 +49,11 @@ Scope ScopeOf(const Word* word) {
 }
 
 std::string_view Trimmed(std::string_view value) {
+  if (value.find('#') == std::string_view::npos) {
+    while (!value.empty() && IsValueBlank(value.front())) value.remove_prefix(1);
+    while (!value.empty() && IsValueBlank(value.back())) value.remove_suffix(1);
+    return value;
+  }
   return UpToLastWord(WithoutLeadingBlanks(value));
 }
 
@@ -150,9 +156,11 @@ bool GatherOfHost(const Item& item, Role role, Facts& facts) {
         facts.fixed_prefixes.push_back({*prefix, item.id, host});
       }
       return false;
-    case Role::kHostName:
-      facts.host_names.push_back({Trimmed(item.value), item.id, host});
-      return false;
+    case Role::kHostName: {
+      const std::string_view name = Trimmed(item.value);
+      facts.host_names.push_back({name, item.id, host});
+      return !name.empty() && name.front() == '"' && QuotedLength(name) == name.size();
+    }
     case Role::kIdentifier:
       facts.hosts[host].has_identifier = true;
       facts.identifiers.push_back({Trimmed(item.value), item.id, host});
@@ -166,6 +174,7 @@ template <class Value>
 void AddOfSubnet(const Item& item, const std::optional<Value>& value,
                  LargeArray<OfSubnet<Value>>& facts) {
   const Frame& around = item.around;
+  if ((around.scope & (kInSubnet | kInPool)) == 0) return;
   if (value) facts.push_back({*value, item.id, around.subnet, around.pool, around.shared_network});
 }
 
@@ -199,6 +208,8 @@ void GatherExpression(const Item& item, Facts& facts) {
 bool HasExpression(const Item& item) {
   if (item.word == nullptr) return item.value.find('(') != std::string_view::npos;
   if (TraitsOf(item.word).has_expression) return true;
+  const std::size_t begin = item.value.find_first_not_of(' ');
+  if (begin == std::string_view::npos || IsWordByte(item.value[begin])) return false;
   const std::string_view value = WithoutLeadingBlanks(item.value);
   return !value.empty() && value.front() == '=';
 }

@@ -17,7 +17,7 @@ void Report::AddOf(std::size_t rule, Draft draft) {
   if (!draft.at.empty()) {
     const std::string_view own = state_.OwnText(draft.node);
     edge = state_.text.Before(state_.tree[draft.node].begin +
-                              static_cast<Address>(draft.at.data() - own.data()));
+                              static_cast<TextAddress>(draft.at.data() - own.data()));
   }
   finding.place = {state_.path, PositionOf(edge)};
   if (draft.other != kNoNode) {
@@ -40,12 +40,13 @@ void Report::AddAt(std::string_view rule, Position where, std::string message,
 void Report::Enter(std::size_t rule, CheckFinding finding) {
   finding.rule = kRules[rule].name;
   finding.severity = kRules[rule].severity;
+  has_errors_ = has_errors_ || finding.severity == Severity::kError;
   entries_.push_back({static_cast<std::uint32_t>(rule), std::move(finding)});
 }
 
 Position Report::PositionOf(PieceText::Edge edge) const {
   const std::lock_guard<std::mutex> lock(state_.lazy);
-  state_.positions.Update(state_.text, state_.edits);
+  state_.positions.Update(state_.text);
   return state_.positions.Of(state_.text, edge);
 }
 

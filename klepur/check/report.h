@@ -40,6 +40,9 @@ class Report {
   void AddAt(std::string_view rule, Position where, std::string message,
              std::optional<Mend> mend = {});
 
+  /// Whether there is an error so far: what is then told of names that nothing uses may follow from it.
+  bool HasErrors() const { return has_errors_; }
+
   void SetRule(std::size_t rule) { rule_ = rule; }
   bool IsSilent(std::size_t rule) const { return silent_[rule]; }
 
@@ -72,6 +75,7 @@ class Report {
   DocumentState& state_;
   std::vector<bool> silent_;
   std::size_t rule_ = 0;
+  bool has_errors_ = false;
   std::vector<Entry> entries_;
   std::vector<Allowed> allowed_;
 };

@@ -19,6 +19,7 @@ enum class Shown : std::uint8_t {
   kNone,
   kUnknownWords,  ///< Statements and blocks whose keyword is in no table.
   kBlocks,        ///< All blocks.
+  kSubnets,       ///< Blocks of subnets.
   kBroken,  ///< What is unfinished, or has a block where none belongs, or none where one does.
 };
 

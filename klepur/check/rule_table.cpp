@@ -49,11 +49,11 @@ constexpr Rule kTable[] = {
 
     // Networks.
     {"malformed-subnet", kError, "The header of a subnet is not that of one", nullptr,
-     Shown::kBlocks, MalformedSubnet},
-    {"host-bits", kError, "The address of a network has bits of a host", nullptr, Shown::kBlocks,
+     Shown::kSubnets, MalformedSubnet},
+    {"host-bits", kError, "The address of a network has bits of a host", nullptr, Shown::kSubnets,
      HostBits},
     {"netmask-with-holes", kWarning, "Ones stand behind zeros in a netmask", nullptr,
-     Shown::kBlocks, NetmaskWithHoles},
+     Shown::kSubnets, NetmaskWithHoles},
 
     // Words.
     {"misspelled-keyword", kError, "A keyword is a letter or two away from one that there is",

@@ -47,12 +47,13 @@ bool IsLeftOver(std::string_view text) {
 
 }  // namespace
 
-void ReportStructure(const Document& document, Report& report) {
+void ReportStructure(const Document& document, bool look, Report& report) {
   DocumentState& state = *NodeAccess::State(document.Root());
+  if (!look && !HoldsNul(state) && state.Inside(kRoot) == state.text.Start()) return;
   std::vector<NodeFinding> findings;
   {
     const std::lock_guard<std::mutex> lock(state.lazy);
-    state.positions.Update(state.text, state.edits);
+    state.positions.Update(state.text);
     findings = FindingsOf(state);
   }
   for (NodeFinding& finding : findings) {

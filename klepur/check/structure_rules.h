@@ -7,7 +7,9 @@
 
 namespace klepur::internal {
 
-void ReportStructure(const Document& document, Report& report);
+/// \param look  whether there may be findings within statements, comments and blocks; those in between, such
+///              as NUL bytes, are looked for in any case.
+void ReportStructure(const Document& document, bool look, Report& report);
 
 }  // namespace klepur::internal
 

@@ -102,9 +102,15 @@ void Walk::Visit(NodeId id) {
   switch (node.kind) {
     case NodeKind::kComment:
       return VisitComment(id);
+    case NodeKind::kStray:
+      facts_.seems_malformed = true;
+      return;
     case NodeKind::kStatement:
     case NodeKind::kBlock:
       return VisitNode(id, node);
+    case NodeKind::kLabel:
+      facts_.seems_malformed = facts_.seems_malformed || node.open_quote != 0;
+      return;
     default:
       return;
   }
@@ -123,6 +129,8 @@ void Walk::VisitNode(NodeId id, const SyntaxNode& node) {
   const std::string_view plain = node.kind == NodeKind::kBlock ? text : WithoutSemicolon(text);
   WordsOfText words(plain);
   const std::string_view first = words.Next();
+  facts_.seems_malformed = facts_.seems_malformed || node.unfinished != 0 || node.open_quote != 0 ||
+                           node.late_semicolon != 0 || first.empty();
   const WordMemo::First& found = memo_.Find(first);
   const KnownFirstWord known = found.known;
   std::string_view second;
@@ -144,6 +152,7 @@ void Walk::VisitNode(NodeId id, const SyntaxNode& node) {
       node.unfinished != 0 && (node.kind == NodeKind::kBlock || text.back() != ';');
   const Item item = {id, node.kind, unfinished, text, first, second, value, word, frames_.back()};
   const bool broken = IsBroken(item, *found.structure);
+  if (found.structure->begins == Begins::kBranch) facts_.seems_malformed = true;
   Look(item, broken);
   GatherReferences(item, facts_);
   if (node.kind == NodeKind::kStatement) {
@@ -159,7 +168,10 @@ void Walk::VisitNode(NodeId id, const SyntaxNode& node) {
 }
 
 void Walk::Look(const Item& item, bool broken) {
-  if (item.kind == NodeKind::kBlock) Show(Shown::kBlocks, item);
+  if (item.kind == NodeKind::kBlock) {
+    Show(Shown::kBlocks, item);
+    if (EqualButForCase(item.first.substr(0, 6), "subnet")) Show(Shown::kSubnets, item);
+  }
   if (broken) Show(Shown::kBroken, item);
   if (item.word == nullptr) return Show(Shown::kUnknownWords, item);
   facts_.seen6 = facts_.seen6 || TellsDhcp6(*item.word);

@@ -34,7 +34,7 @@ class Walk {
   NodeId next_;
   WordMemo memo_;
   std::vector<Frame> frames_;
-  std::vector<std::size_t> rules_[4];  // by Shown: the rules to be called
+  std::vector<std::size_t> rules_[5];  // by Shown: the rules to be called
 };
 
 }  // namespace klepur::internal

@@ -47,8 +47,8 @@ class WordMemo {
 
   static std::size_t PlaceOf(std::string_view word) {
     if (word.empty()) return 0;
-    return (word.size() * 7 + static_cast<unsigned char>(word.front()) * 5U +
-            static_cast<unsigned char>(word.back()) * 3U) %
+    return (word.size() * 7 + std::size_t{static_cast<unsigned char>(word.front())} * 5 +
+            std::size_t{static_cast<unsigned char>(word.back())} * 3) %
            kPlaces;
   }
 

@@ -137,7 +137,7 @@ void BecomeLike(DocumentState& state, NodeId id, const SyntaxNode& like, NodeId 
 /// Makes of a node the first of the comments that a text in its place consists of, and hangs the others
 /// behind it.
 std::vector<NodeId> BecomeComments(DocumentState& state, NodeId id, std::string_view text,
-                                   Address address) {
+                                   TextAddress address) {
   const TextBuffer buffer(text);
   const NodeId parent = state.tree[id].parent;
   state.tree.KeepHead(parent);
@@ -194,6 +194,13 @@ void JoinAgain(DocumentState& state, NodeId first, NodeId second) {
   memory = state.memory.Recall({EditMemory::About::kCommented, first});
   if (memory != nullptr && memory->links[2] == second && ReadGap(state, gap) == memory->texts[4]) {
     WriteGap(state, gap, memory->texts[2]);
+  }
+}
+
+/// What was below a block that is now read anew is gone for good.
+void DropFormerChildren(DocumentState& state, const Remembered& memory) {
+  for (NodeId child = memory.links[0]; child != kNoNode; child = state.tree[child].next) {
+    state.tree.MarkGone(child);
   }
 }
 
@@ -281,7 +288,9 @@ void BringBackNode(DocumentState& state, NodeId id) {
     if (!disabled) {
       throw Error(ErrorCode::kNotFound, "no statement or block was commented out there");
     }
+    if (memory != nullptr) DropFormerChildren(state, *memory);
     BringBackRead(state, id, std::move(*disabled));
+    KeepKnownRuns(state);
   }
   JoinAgain(state, state.tree[id].previous, id);
   JoinAgain(state, id, state.tree[id].next);

@@ -18,6 +18,11 @@ bool IsChainPart(const DocumentState& state, NodeId id) {
          (state.IsBlock(id) && WordOf(state.tree[id].word).begins == Begins::kChain);
 }
 
+bool IsKeyWithoutSemicolon(const DocumentState& state, NodeId id) {
+  const SyntaxNode& node = state.tree[id];
+  return node.kind == NodeKind::kBlock && node.word == kWordKey && !node.late_semicolon;
+}
+
 /// The next sibling that is no comment.
 NodeId NextBehindComments(const DocumentState& state, NodeId id) {
   do {
@@ -48,9 +53,13 @@ bool IsRightBelowComment(const DocumentState& state, NodeId id) {
 
 /// The first comment of a run behind the last disabled statement in it; none when that ends the run.
 NodeId BehindDisabled(const DocumentState& state, NodeId last) {
-  const std::vector<Disabled> disabled = DisabledInRun(state, last);
-  if (disabled.empty()) return StartOfRun(state, last);
-  return disabled.back().last == last ? kNoNode : state.tree[disabled.back().last].next;
+  NodeId first = kNoNode;
+  for (NodeId id = last; !IsPartOfDisabled(state, id); id = state.tree[id].previous) {
+    first = id;
+    const NodeId above = state.tree[id].previous;
+    if (above == kNoNode || !AreInOneRun(state, above, id)) break;
+  }
+  return first;
 }
 
 }  // namespace
@@ -97,7 +106,17 @@ std::vector<NodeId> CommentsOf(const DocumentState& state, NodeId id) {
   return comments;
 }
 
+bool IsLateSemicolon(const DocumentState& state, NodeId id) {
+  if (state.tree[id].kind != NodeKind::kStray || state.OwnText(id) != ";") return false;
+  const NodeId previous = PreviousBeforeComments(state, id);
+  return previous != kNoNode && IsKeyWithoutSemicolon(state, previous);
+}
+
 NodeId EndOfChain(const DocumentState& state, NodeId id) {
+  if (IsKeyWithoutSemicolon(state, id)) {
+    const NodeId next = NextBehindComments(state, id);
+    return next != kNoNode && IsLateSemicolon(state, next) ? next : id;
+  }
   if (!IsChainPart(state, id)) return id;
   for (;;) {
     const NodeId next = NextBehindComments(state, id);
@@ -111,6 +130,7 @@ NodeId LastGoingWith(const DocumentState& state, NodeId id) {
 }
 
 NodeId StartOfChain(const DocumentState& state, NodeId id) {
+  if (IsLateSemicolon(state, id)) return PreviousBeforeComments(state, id);
   while (IsBranch(state, id)) {
     const NodeId previous = PreviousBeforeComments(state, id);
     if (previous == kNoNode || !IsChainPart(state, previous)) return id;

@@ -23,11 +23,14 @@ bool IsTrailing(const DocumentState& state, NodeId comment);
 NodeId FirstOwnComment(const DocumentState& state, NodeId id);
 /// All comments that belong to a node, in the order of the text.
 std::vector<NodeId> CommentsOf(const DocumentState& state, NodeId id);
-/// The last node of an "if" and the "elsif" and "else" behind it; of all others the node itself.
+/// Whether it is the ";" that stands behind a key's "}" and the comments behind that.
+bool IsLateSemicolon(const DocumentState& state, NodeId id);
+/// The last node of an "if" and the "elsif" and "else" behind it, or of a key and its ";"; of all others the
+/// node itself.
 NodeId EndOfChain(const DocumentState& state, NodeId id);
 /// The last node that goes with a node when that is removed: of an "if" the end of its chain.
 NodeId LastGoingWith(const DocumentState& state, NodeId id);
-/// The "if" of an "elsif" or "else"; of all others the node itself.
+/// The "if" of an "elsif" or "else", the key of its ";"; of all others the node itself.
 NodeId StartOfChain(const DocumentState& state, NodeId id);
 
 }  // namespace klepur::internal

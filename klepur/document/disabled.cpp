@@ -58,7 +58,7 @@ struct Extent {
 };
 
 Extent FirstIn(std::string_view text) {
-  constexpr Address kBase = 1;  // a text of its own, that no byte order mark begins
+  constexpr TextAddress kBase = 1;  // a text of its own, that no byte order mark begins
   const TextBuffer buffer(text);
   SyntaxTree tree;
   StructureReader reader(tree, buffer.view(), kBase);
@@ -176,6 +176,44 @@ std::vector<Disabled> FindAll(const DocumentState& state, const std::vector<Node
   return found;
 }
 
+/// Drops what is known of runs, if the text has changed.
+void DropOldRuns(const DocumentState& state) {
+  const DisabledRuns::Stamp now = {state.edits, state.text.GetMark()};
+  if (state.disabled.stamp == now) return;
+  state.disabled.parts.clear();
+  state.disabled.stamp = now;
+}
+
+std::vector<Disabled> LookAtRun(const DocumentState& state, NodeId comment) {
+  const std::vector<NodeId> run = RunFrom(state, StartOfRun(state, comment));
+  std::vector<Disabled> found = FindAll(state, run);
+  DropOldRuns(state);
+  auto next = found.begin();
+  bool within = false;
+  for (const NodeId id : run) {
+    within = within || (next != found.end() && id == next->first);
+    state.disabled.parts[id] =
+        within ? DisabledRuns::Part{next->first, next->last} : DisabledRuns::Part{};
+    if (within && id == next->last) {
+      within = false;
+      ++next;
+    }
+  }
+  return found;
+}
+
+DisabledRuns::Part PartOf(const DocumentState& state, NodeId comment) {
+  if (!IsLineOfItsOwn(state, comment)) return {};
+  const std::lock_guard<std::mutex> lock(state.disabled.lock);
+  DropOldRuns(state);
+  auto known = state.disabled.parts.find(comment);
+  if (known == state.disabled.parts.end()) {
+    LookAtRun(state, comment);
+    known = state.disabled.parts.find(comment);
+  }
+  return known->second;
+}
+
 }  // namespace
 
 bool AreInOneRun(const DocumentState& state, NodeId above, NodeId below) {
@@ -197,14 +235,25 @@ NodeId StartOfRun(const DocumentState& state, NodeId comment) {
 
 std::vector<Disabled> DisabledInRun(const DocumentState& state, NodeId comment) {
   if (!IsLineOfItsOwn(state, comment)) return {};
-  return FindAll(state, RunFrom(state, StartOfRun(state, comment)));
+  const std::lock_guard<std::mutex> lock(state.disabled.lock);
+  return LookAtRun(state, comment);
 }
 
 std::optional<Disabled> DisabledAt(const DocumentState& state, NodeId comment) {
-  for (const Disabled& disabled : DisabledInRun(state, comment)) {
-    if (disabled.first == comment) return disabled;
-  }
-  return std::nullopt;
+  const DisabledRuns::Part part = PartOf(state, comment);
+  if (part.first != comment) return std::nullopt;
+  std::vector<NodeId> nodes = {part.first};
+  while (nodes.back() != part.last) nodes.push_back(state.tree[nodes.back()].next);
+  return Disabled{part.first, part.last, Uncommented(state, nodes, 0, nodes.size())};
+}
+
+bool IsPartOfDisabled(const DocumentState& state, NodeId comment) {
+  return PartOf(state, comment).first != kNoNode;
+}
+
+void KeepKnownRuns(const DocumentState& state) {
+  const std::lock_guard<std::mutex> lock(state.disabled.lock);
+  state.disabled.stamp = {state.edits + 1, state.text.GetMark()};
 }
 
 }  // namespace klepur::internal

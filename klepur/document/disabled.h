@@ -23,6 +23,10 @@ struct Disabled {
 /// begins with a word that the server knows counts, and has the form that the word asks for: a host has a
 /// block, a range has none.
 std::optional<Disabled> DisabledAt(const DocumentState& state, NodeId comment);
+/// Whether a comment in a line of its own is part of a disabled statement or block.
+bool IsPartOfDisabled(const DocumentState& state, NodeId comment);
+/// For the end of an edit that brings back what is disabled: the rest of its run is what it was before.
+void KeepKnownRuns(const DocumentState& state);
 /// The disabled ones in the run of comments that a comment in a line of its own belongs to.
 std::vector<Disabled> DisabledInRun(const DocumentState& state, NodeId comment);
 

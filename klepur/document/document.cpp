@@ -97,8 +97,10 @@ std::vector<Node> Document::FindAll(std::string_view header) const {
   std::vector<NodeId> found =
       state_->headers.Find(*state_, internal::KeyOf(header), internal::NameIn(header));
   if (found.size() > 1) {
-    state_->positions.Update(state_->text, state_->edits);
-    const auto offset = [this](NodeId id) { return state_->positions.OffsetOf(state_->Begin(id)); };
+    state_->positions.Update(state_->text);
+    const auto offset = [this](NodeId id) {
+      return state_->positions.OffsetOf(state_->text, state_->Begin(id));
+    };
     std::sort(found.begin(), found.end(),
               [&](NodeId left, NodeId right) { return offset(left) < offset(right); });
   }
@@ -114,20 +116,20 @@ std::vector<Node> Document::Walk(std::string_view keyword) const {
   for (NodeId id = internal::kRoot; id != internal::kNoNode;
        id = state_->tree.NextInOrder(id, internal::kRoot)) {
     if (id == internal::kRoot || state_->IsComment(id)) continue;
-    if (internal::KeyOf(state_->OwnText(id)) == key) found.push_back({state_.get(), id});
+    if (internal::HasKey(state_->OwnText(id), key)) found.push_back({state_.get(), id});
   }
   return found;
 }
 
 Node Document::At(std::size_t line) const {
   const std::lock_guard<std::mutex> lock(state_->lazy);
-  state_->positions.Update(state_->text, state_->edits);
+  state_->positions.Update(state_->text);
   return NodeAccess::OrNone(state_.get(), internal::NodeAtLine(*state_, line));
 }
 
 std::vector<Finding> Document::Findings() const {
   const std::lock_guard<std::mutex> lock(state_->lazy);
-  state_->positions.Update(state_->text, state_->edits);
+  state_->positions.Update(state_->text);
   const std::vector<internal::NodeFinding> findings = internal::FindingsOf(*state_);
   return {findings.begin(), findings.end()};
 }
@@ -171,22 +173,22 @@ void Document::AbandonSeries() noexcept {
 Position Node::Begin() const {
   if (IsGone()) return {};
   const std::lock_guard<std::mutex> lock(state_->lazy);
-  state_->positions.Update(state_->text, state_->edits);
+  state_->positions.Update(state_->text);
   return state_->positions.Of(state_->text, state_->Begin(id_));
 }
 
 Position Node::End() const {
   if (IsGone()) return {};
   const std::lock_guard<std::mutex> lock(state_->lazy);
-  state_->positions.Update(state_->text, state_->edits);
+  state_->positions.Update(state_->text);
   return state_->positions.Of(state_->text, state_->End(id_));
 }
 
 std::size_t Node::Offset() const {
   if (IsGone()) return 0;
   const std::lock_guard<std::mutex> lock(state_->lazy);
-  state_->positions.Update(state_->text, state_->edits);
-  return state_->positions.OffsetOf(state_->Begin(id_));
+  state_->positions.Update(state_->text);
+  return state_->positions.OffsetOf(state_->text, state_->Begin(id_));
 }
 
 }  // namespace klepur

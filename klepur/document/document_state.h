@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include <klepur/document/disabled_runs.h>
 #include <klepur/document/edit_memory.h>
 #include <klepur/document/header_index.h>
 #include <klepur/document/positions.h>
@@ -50,7 +51,9 @@ struct DocumentState {
 
   mutable std::mutex lazy;  ///< Guards what is made when it is first asked for.
   mutable Positions positions;
+  mutable NodeId last_at = kRoot;  ///< What At answered last, near which the next question may be.
   mutable HeaderIndex headers;
+  mutable DisabledRuns disabled;
 };
 
 }  // namespace klepur::internal

@@ -15,7 +15,8 @@ bool AreAlike(const DocumentState& state, NodeId id, const SyntaxTree& tree, Nod
       node.open_quote != read.open_quote || node.late_semicolon != read.late_semicolon) {
     return false;
   }
-  const Address end = node.kind == NodeKind::kBlock ? read.begin + tree.BraceOf(other) : read.end;
+  const TextAddress end =
+      node.kind == NodeKind::kBlock ? read.begin + tree.BraceOf(other) : read.end;
   return state.OwnText(id) == text.view().substr(read.begin, end - read.begin);
 }
 

@@ -29,6 +29,7 @@ class EditMemory {
     kGap,  ///< The gap behind `node` (kNoNode: at the start) in `other`, before something was added in it.
     kOneLine,    ///< The gaps of block `node`, before it was opened.
     kAlignment,  ///< The gap behind statement `node` while it had this text.
+    kList,       ///< Statement `node` with an element appended to its list, and before that.
     kHeader,     ///< The header of block `node` while it had this name.
     kCommented,  ///< What node `node` was before it was commented out.
     kMoved,  ///< The gaps around `node` while it stood behind `other` in the block of that number.

@@ -15,11 +15,13 @@ enum class Severity {
 };
 
 enum class FindingCode {
-  kBranchWithoutIf,       ///< An "elsif" or "else" that stands behind no "if".
-  kByteOrderMark,         ///< The text begins with one.
-  kEmptyStatement,        ///< A ";" with nothing before it.
-  kEndInBlock,            ///< Where the text ends while a block is open; a note to kUnclosedBlock.
-  kMissingHeader,         ///< A "{" without words before it.
+  kBranchWithoutIf,  ///< An "elsif" or "else" that stands behind no "if".
+  kBlockSeemsToEnd,  ///< Where a block that is never closed seems to end; a note to kUnclosedBlock.
+  kByteOrderMark,    ///< The text begins with one.
+  kEmptyStatement,   ///< A ";" with nothing before it.
+  kEndInBlock,       ///< Where the text ends while a block is open; a note to kUnclosedBlock.
+  kMissingBlock,     ///< A statement whose word wants a block: "host a;".
+  kMissingHeader,    ///< A "{" without words before it.
   kMissingSemicolon,      ///< A statement ends without its ";".
   kNul,                   ///< NUL bytes where the server stops at them.
   kSemicolonBehindBlock,  ///< A ";" behind a "}", of a block other than a key.

@@ -1,6 +1,7 @@
 #include <klepur/document/findings.h>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -14,6 +15,70 @@
 
 namespace klepur::internal {
 namespace {
+
+/// Where the block should begin of a statement whose word wants one: where a line seems to begin another
+/// statement, or at the ";".
+std::size_t WhereBlockIsMissing(std::string_view text) {
+  WordsOfText words(text);
+  std::size_t behind = words.Next().size();
+  for (std::string_view word = words.Next(); !word.empty(); word = words.Next()) {
+    const auto begin = static_cast<std::size_t>(word.data() - text.data());
+    if (NumberOf(word) != kUnknownWord && HasLineEnd(text.substr(behind, begin - behind))) {
+      return begin;
+    }
+    behind = begin + word.size();
+  }
+  return text.size() - 1;
+}
+
+/// Whether a statement that begins with a word has a plain value, in which no name, condition or expression of
+/// the caller's stands.
+bool HasPlainValue(std::string_view first) {
+  static constexpr std::string_view kOthers[] = {
+      "append", "default", "eval",  "execute",   "failover", "host-identifier", "key",
+      "lease",  "log",     "match", "not",       "peer",     "prepend",         "return",
+      "set",    "send",    "spawn", "supersede", "unset"};
+  const Begins begins = WordOf(NumberOf(first)).begins;
+  if (NumberOf(first) == kUnknownWord ||
+      (begins != Begins::kStatement && begins != Begins::kAlone)) {
+    return false;
+  }
+  return std::none_of(std::begin(kOthers), std::end(kOthers),
+                      [first](std::string_view other) { return EqualButForCase(first, other); });
+}
+
+/// The first word in a statement that only begins statements; empty when there is none.
+std::string_view StatementWithin(std::string_view text) {
+  static constexpr std::string_view kOnlyBegin[] = {"default-lease-time",
+                                                    "filename",
+                                                    "fixed-address",
+                                                    "fixed-address6",
+                                                    "fixed-prefix6",
+                                                    "hardware",
+                                                    "max-lease-time",
+                                                    "min-lease-time",
+                                                    "next-server",
+                                                    "option",
+                                                    "prefix6",
+                                                    "range",
+                                                    "range6",
+                                                    "server-name"};
+  WordsOfText words(text);
+  const std::string_view first = words.Next();
+  const std::size_t key_words = WordOf(NumberOf(first)).key_words;
+  if (!HasPlainValue(first) || text.find_first_of("=(") != std::string_view::npos) return {};
+  std::size_t count = 1;
+  std::string_view last = first;
+  const auto begins = [](std::string_view word) {
+    return std::any_of(std::begin(kOnlyBegin), std::end(kOnlyBegin),
+                       [word](std::string_view other) { return EqualButForCase(word, other); });
+  };
+  for (std::string_view word = words.Next(); !word.empty(); last = word, word = words.Next()) {
+    const bool alone = WordOf(NumberOf(first)).begins == Begins::kAlone;
+    if (++count > (alone ? 1 : key_words + 1) && last != "," && begins(word)) return word;
+  }
+  return {};
+}
 
 class Collector {
  public:
@@ -42,7 +107,7 @@ class Collector {
   }
 
   PieceText::Edge At(NodeId id, std::size_t offset) const {
-    return state_.text.Before(state_.tree[id].begin + static_cast<Address>(offset));
+    return state_.text.Before(state_.tree[id].begin + static_cast<TextAddress>(offset));
   }
 
   std::string LineOf(NodeId id) const {
@@ -62,8 +127,7 @@ class Collector {
       case NodeKind::kStray:
         return LookAtStray(id);
       case NodeKind::kStatement:
-        if (node.unfinished) LookAtStatement(id);
-        return;
+        return node.unfinished ? LookAtEnd(id) : LookAtWords(id);
       case NodeKind::kBlock:
         return LookAtBlock(id);
       default:
@@ -75,21 +139,29 @@ class Collector {
     if (state_.OwnText(id) == "}") {
       return Add(FindingCode::kStrayBrace, state_.Begin(id), "a closing brace without a block");
     }
-    NodeId previous = state_.tree[id].previous;
-    while (previous != kNoNode && state_.IsComment(previous))
-      previous = state_.tree[previous].previous;
-    const bool behind_block = previous != kNoNode && state_.IsBlock(previous);
-    if (behind_block && state_.tree[previous].word == kWordKey &&
-        !state_.tree[previous].late_semicolon) {
-      return;
-    }
+    if (IsLateSemicolon(state_, id)) return;
     Add(FindingCode::kEmptyStatement, state_.Begin(id), "a \";\" without a statement");
   }
 
-  void LookAtStatement(NodeId id) {
+  /// Of a statement that has its end.
+  void LookAtWords(NodeId id) {
+    const std::string_view text = state_.OwnText(id);
+    const std::string_view first = FirstWord(text);
+    if (WantsBlock(NumberOf(first))) {
+      return Add(FindingCode::kMissingBlock, At(id, WhereBlockIsMissing(text)),
+                 "a \"{\" is missing behind \"" + std::string(first) + "\"");
+    }
+    const std::string_view next = StatementWithin(text);
+    if (next.empty()) return;
+    Add(FindingCode::kMissingSemicolon, At(id, static_cast<std::size_t>(next.data() - text.data())),
+        "a \";\" is missing before \"" + std::string(next) + "\"");
+  }
+
+  /// Of a statement that does not.
+  void LookAtEnd(NodeId id) {
     const std::string_view text = state_.OwnText(id);
     if (text.back() == ';') {
-      return Add(FindingCode::kUnclosedValue, state_.Begin(id),
+      return Add(FindingCode::kUnclosedValue, At(id, text.size() - 1),
                  "the braces of this value are not closed");
     }
     // Where the server finds that it is missing: at what stands there instead.
@@ -134,18 +206,56 @@ class Collector {
       message += "; by the indentation it seems to end before " + LineOf(outside);
     }
     Add(FindingCode::kUnclosedBlock, brace, std::move(message));
+    if (outside != kNoNode && !told_end_) {
+      AddSeemsToEnd(id, state_.Begin(outside));
+    } else if (!told_end_ && !looked_within_) {
+      LookWithinUnclosed(id);
+    }
     PieceText::Edge end = brace;
-    if (LastNode() != id) {
-      end = state_.text.Behind(state_.tree[LastNode()].end);
+    const NodeId last = LastNode();
+    if (last != id && state_.tree[last].unfinished && state_.IsBlock(last)) {
+      end = At(last, state_.tree.BraceOf(last));
+    } else if (last != id) {
+      end = state_.text.Behind(state_.tree[last].end);
       state_.text.Back(end);
     }
     Add(FindingCode::kEndInBlock, end, "the file ends in the block that begins in " + LineOf(id),
         Severity::kNote);
   }
 
-  /// The last node of the file, which is in all blocks that nothing closes.
+  /// Told of the first block only: those around and in it follow from that.
+  void AddSeemsToEnd(NodeId block, PieceText::Edge where) {
+    told_end_ = true;
+    Add(FindingCode::kBlockSeemsToEnd, where,
+        "the block that begins in " + LineOf(block) + " seems to end before this", Severity::kNote);
+  }
+
+  /// A block that is not closed may have taken the "}" of the one around it, which then lacks one.
+  void LookWithinUnclosed(NodeId top) {
+    looked_within_ = true;
+    for (NodeId id = state_.tree.NextInOrder(top, top); id != kNoNode;
+         id = state_.tree.NextInOrder(id, top)) {
+      if (!EndsLessDeepThanItBegins(id)) continue;
+      const NodeId outside = FirstThatSeemsOutside(id);
+      return AddSeemsToEnd(id, outside == kNoNode ? state_.InsideEnd(id) : state_.Begin(outside));
+    }
+  }
+
+  bool EndsLessDeepThanItBegins(NodeId id) const {
+    if (!state_.IsBlock(id) || state_.tree[id].unfinished || !BeginsLine(state_, id)) return false;
+    const std::string gap = ReadGap(state_, {id, state_.tree.LastChild(id)});
+    return HasLineEnd(gap) && WidthOf(LastLine(gap)) < WidthOf(IndentOf(state_, id));
+  }
+
+  /// The last node of the file that is no comment, which is in, or is itself, the innermost block that nothing
+  /// closes.
   NodeId LastNode() {
-    for (NodeId id = last_; id != kNoNode; id = state_.tree.LastChild(id)) last_ = id;
+    while (last_ == kRoot || (state_.IsBlock(last_) && state_.tree[last_].unfinished)) {
+      NodeId child = state_.tree.LastChild(last_);
+      while (child != kNoNode && state_.IsComment(child)) child = state_.tree[child].previous;
+      if (child == kNoNode) break;
+      last_ = child;
+    }
     return last_;
   }
 
@@ -171,7 +281,7 @@ class Collector {
         const std::size_t end = StringEnd(text, at);
         const bool closed = end != std::string_view::npos &&
                             (text.substr(at, end - at).find('\n') == std::string_view::npos ||
-                             end == text.size() || !IsWordByte(text[end]));
+                             end == text.size() || !BeginsWordBehindString(text[end]));
         if (!closed) {
           return Add(FindingCode::kUnclosedQuote, At(id, at), "a quote that is never closed");
         }
@@ -180,17 +290,9 @@ class Collector {
     }
   }
 
-  bool HoldsNul() const {
-    bool found = false;
-    state_.text.ForEachPiece([&](PieceText::PieceId, Span span) {
-      found = found || state_.text.View(span).find('\0') != std::string_view::npos;
-    });
-    return found;
-  }
-
   /// The server passes over a single NUL before a word, and stops at all others.
   void LookForNuls() {
-    if (!HoldsNul()) return;
+    if (!HoldsNul(state_)) return;
     NodeId top = kRoot;
     for (NodeId id = kRoot; id != kNoNode; id = state_.tree.NextInOrder(id, top)) {
       if (id != kRoot) LookForNulsIn({state_.tree[id].parent, state_.tree[id].previous});
@@ -214,11 +316,21 @@ class Collector {
 
   const DocumentState& state_;
   NodeId last_ = kRoot;
+  bool looked_within_ = false;
+  bool told_end_ = false;
   std::vector<NodeFinding> findings_;
   NodeId about_ = kRoot;
 };
 
 }  // namespace
+
+bool HoldsNul(const DocumentState& state) {
+  bool found = false;
+  state.text.ForEachPiece([&](PieceText::PieceId, Span span) {
+    found = found || state.text.View(span).find('\0') != std::string_view::npos;
+  });
+  return found;
+}
 
 std::vector<NodeFinding> FindingsOf(const DocumentState& state) {
   return Collector(state).Collect();

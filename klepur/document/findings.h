@@ -17,6 +17,9 @@ struct NodeFinding : Finding {
 /// All findings in the order of the text.
 std::vector<NodeFinding> FindingsOf(const DocumentState& state);
 
+/// Whether a NUL byte stands anywhere.
+bool HoldsNul(const DocumentState& state);
+
 }  // namespace klepur::internal
 
 #endif

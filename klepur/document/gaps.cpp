@@ -3,6 +3,8 @@
 namespace klepur::internal {
 namespace {
 
+constexpr std::size_t kMostColumns = 1000;
+
 bool IsSpace(char byte) {
   return byte == ' ' || byte == '\t';
 }
@@ -40,6 +42,13 @@ PieceText::Edge EndOf(const DocumentState& state, Gap gap) {
 
 std::string ReadGap(const DocumentState& state, Gap gap) {
   return state.text.Read(BeginOf(state, gap), EndOf(state, gap));
+}
+
+std::string SidesOf(const DocumentState& state, Gap gap) {
+  const auto side = [&state](NodeId id) {
+    return id != kNoNode && state.IsComment(id) ? '#' : ';';
+  };
+  return {side(gap.previous), side(NextOf(state, gap))};
 }
 
 void WriteGap(DocumentState& state, Gap gap, std::string_view text) {
@@ -92,7 +101,13 @@ std::size_t WidthOf(std::string_view blanks) {
 }
 
 std::size_t ColumnOf(const DocumentState& state, PieceText::Edge edge) {
-  return WidthOf(state.text.Read(LineStart(state, edge), edge));
+  PieceText::Edge start = edge;
+  std::size_t bytes = 0;
+  for (PieceText::Edge at = edge; state.text.Back(at) && state.text.ByteAt(at) != '\n';
+       start = at) {
+    if (++bytes > kMostColumns) return kFar;
+  }
+  return WidthOf(state.text.Read(start, edge));
 }
 
 std::string LineEndAt(const DocumentState& state, PieceText::Edge edge) {

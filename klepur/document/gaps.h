@@ -29,6 +29,9 @@ NodeId NextOf(const DocumentState& state, Gap gap);
 PieceText::Edge BeginOf(const DocumentState& state, Gap gap);
 PieceText::Edge EndOf(const DocumentState& state, Gap gap);
 std::string ReadGap(const DocumentState& state, Gap gap);
+/// Which sides of a gap are comments: what was remembered of it is void when one became a statement, or the other
+/// way round.
+std::string SidesOf(const DocumentState& state, Gap gap);
 /// A gap behind a comment keeps its line end whatever the text: else what follows would be swallowed.
 void WriteGap(DocumentState& state, Gap gap, std::string_view text);
 
@@ -48,7 +51,8 @@ bool EndsLine(const DocumentState& state, NodeId id);
 std::string IndentOf(const DocumentState& state, NodeId id);
 /// The columns that such blanks take, tabs to every eighth.
 std::size_t WidthOf(std::string_view blanks);
-/// How many columns stand before an edge on its line.
+/// How many columns stand before an edge on its line; kFar when they are more than anybody reads.
+inline constexpr std::size_t kFar = static_cast<std::size_t>(-1);
 std::size_t ColumnOf(const DocumentState& state, PieceText::Edge edge);
 /// How the line that an edge is on ends: "\n" or "\r\n"; if it does not, as the line above does.
 std::string LineEndAt(const DocumentState& state, PieceText::Edge edge);

@@ -1,6 +1,6 @@
 #include <klepur/document/header_index.h>
 
-#include <algorithm>
+#include <cstdint>
 #include <string>
 
 #include <klepur/document/document_state.h>
@@ -9,27 +9,28 @@
 namespace klepur::internal {
 namespace {
 
-std::uint64_t HashOfHeader(std::string_view key, std::string_view name) {
-  return NodeIndex::HashOf(name, NodeIndex::HashOf(key));
+std::uint64_t HashOf(std::string_view key, std::string_view name) {
+  return KeyTable::HashOf(name, KeyTable::HashOf(key));
 }
 
 }  // namespace
 
 std::vector<NodeId> HeaderIndex::Find(const DocumentState& state, std::string_view key,
                                       std::string_view name) {
-  index_.Update(state.tree, [&state](NodeId id, const NodeIndex::Enter& enter) {
+  upkeep_.Update(state.tree, table_, [&](NodeId id) {
     if (!state.IsBlock(id)) return;
     const std::string_view header = state.OwnText(id);
-    enter(HashOfHeader(KeyOf(header), NameIn(header)));
+    table_.Insert(HashOf(KeyOf(header), NameIn(header)), id);
   });
-  std::vector<NodeId> found = index_.Candidates(HashOfHeader(key, name));
-  const auto differs = [&](NodeId id) {
-    if (state.tree.IsGone(id) || !state.IsBlock(id)) return true;
+  const std::uint64_t hash = HashOf(key, name);
+  return table_.Find(hash, [&](NodeId id) {
+    if (!state.IsBlock(id) || state.tree.IsGone(id)) return KeyTable::Has::kNeither;
     const std::string_view header = state.OwnText(id);
-    return KeyOf(header) != key || NameIn(header) != name;
-  };
-  found.erase(std::remove_if(found.begin(), found.end(), differs), found.end());
-  return found;
+    if (HasKey(header, key) && NameIn(header) == name) return KeyTable::Has::kKey;
+    const std::uint64_t other = HashOf(KeyOf(header), NameIn(header));
+    return KeyTable::Folded(other) == KeyTable::Folded(hash) ? KeyTable::Has::kHash
+                                                             : KeyTable::Has::kNeither;
+  });
 }
 
 }  // namespace klepur::internal

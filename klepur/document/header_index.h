@@ -5,7 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include <klepur/document/node_index.h>
+#include <klepur/document/key_table.h>
+#include <klepur/document/upkeep.h>
 
 namespace klepur::internal {
 
@@ -18,7 +19,8 @@ class HeaderIndex {
   std::vector<NodeId> Find(const DocumentState& state, std::string_view key, std::string_view name);
 
  private:
-  NodeIndex index_;
+  KeyTable table_;
+  Upkeep upkeep_;
 };
 
 }  // namespace klepur::internal

@@ -41,11 +41,12 @@ bool FitsInBlock(const DocumentState& state, const Neighbours& neighbours, NodeI
                  std::string_view text, std::string_view key) {
   if (block == kRoot || !IsOnOneLine(state, block)) return true;
   const std::size_t limit = std::max(kWidth, neighbours.WidestOneLine(key));
-  return ColumnOf(state, state.End(block)) + text.size() + 1 <= limit;
+  const std::size_t end = ColumnOf(state, state.End(block));
+  return end == kFar ? limit == kFar : end + text.size() + 1 <= limit;
 }
 
-Address Put(DocumentState& state, Place place, const Snippet& snippet, const Placed& what,
-            std::string& text) {
+TextAddress Put(DocumentState& state, Place place, const Snippet& snippet, const Placed& what,
+                std::string& text) {
   const NodeId block = place.gap.parent;
   if (IsMidLine(state, place)) {
     const Neighbours neighbours(state, place.gap);
@@ -83,7 +84,7 @@ NodeId Insert(DocumentState& state, NodeId parent, std::string_view text,
                        snippet.EndsInCommentLine()};
   const Place place = FindPlace(state, parent, what, placement.where, anchor);
   std::string laid_out;
-  const Address address = Put(state, place, snippet, what, laid_out);
+  const TextAddress address = Put(state, place, snippet, what, laid_out);
   NodeId first = HangNodes(state, place.gap, laid_out, address);
   while (!what.key.empty() && state.IsComment(first)) first = state.tree[first].next;
   state.last_of_key.erase({parent, what.key});
@@ -93,7 +94,7 @@ NodeId Insert(DocumentState& state, NodeId parent, std::string_view text,
   return first;
 }
 
-NodeId HangNodes(DocumentState& state, Gap gap, std::string_view text, Address address) {
+NodeId HangNodes(DocumentState& state, Gap gap, std::string_view text, TextAddress address) {
   const TextBuffer buffer(text);
   state.tree.KeepHead(gap.parent);
   const NodeId first = state.tree.Count();

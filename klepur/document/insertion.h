@@ -14,7 +14,7 @@ NodeId Insert(DocumentState& state, NodeId parent, std::string_view text,
               const Placement& placement, NodeId anchor);
 
 /// Reads text that was put in a place into nodes and hangs them there. Gives the first.
-NodeId HangNodes(DocumentState& state, Gap gap, std::string_view text, Address address);
+NodeId HangNodes(DocumentState& state, Gap gap, std::string_view text, TextAddress address);
 
 }  // namespace klepur::internal
 

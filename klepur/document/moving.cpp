@@ -28,7 +28,7 @@ class OffsetsInRun {
     std::sort(begins_.begin(), begins_.end(), ByAddress);
   }
 
-  std::size_t Of(Address byte) const {
+  std::size_t Of(TextAddress byte) const {
     const auto behind =
         std::upper_bound(begins_.begin(), begins_.end(), SpanBegin{byte, 0}, ByAddress);
     return behind[-1].offset + (byte - behind[-1].address);
@@ -36,7 +36,7 @@ class OffsetsInRun {
 
  private:
   struct SpanBegin {
-    Address address;
+    TextAddress address;
     std::size_t offset;
   };
   static bool ByAddress(const SpanBegin& left, const SpanBegin& right) {
@@ -47,13 +47,13 @@ class OffsetsInRun {
 
 /// Gives the nodes of a tree the addresses that their bytes have in the moved text.
 void Readdress(DocumentState& state, NodeId top, const OffsetsInRun& offsets,
-               const Reindented& moved, Address base) {
-  const auto new_address = [&](Address old) {
-    return base + static_cast<Address>(moved.NewOffset(offsets.Of(old)));
+               const Reindented& moved, TextAddress base) {
+  const auto new_address = [&](TextAddress old) {
+    return base + static_cast<TextAddress>(moved.NewOffset(offsets.Of(old)));
   };
   for (NodeId id = top; id != kNoNode; id = state.tree.NextInOrder(id, top)) {
     const SyntaxNode old = state.tree[id];
-    const Address brace = state.IsBlock(id) ? old.begin + state.tree.BraceOf(id) : old.begin;
+    const TextAddress brace = state.IsBlock(id) ? old.begin + state.tree.BraceOf(id) : old.begin;
     SyntaxNode& node = state.tree.Change(id);
     node.begin = new_address(old.begin);
     node.end = new_address(old.end - 1) + 1;
@@ -90,12 +90,28 @@ Place Without(const DocumentState& state, Place place, const std::vector<NodeId>
   return place;
 }
 
+/// How a run stood at a place before, if the same stands around that now; null when it did not.
+const Remembered* AsItStood(const DocumentState& state, NodeRun run, Place place) {
+  const Remembered* memory = state.memory.Recall(
+      {EditMemory::About::kMoved, run.first, place.gap.previous, std::to_string(place.gap.parent)});
+  const bool fits = memory != nullptr && memory->nodes.front() == NextOf(state, place.gap) &&
+                    memory->texts[2] == SidesOf(state, place.gap);
+  return fits ? memory : nullptr;
+}
+
+/// The text with the indentation that it had at a place before, else with that of the place.
+Reindented AtPlace(const DocumentState& state, NodeRun run, Place place, std::string_view text,
+                   std::string_view indent) {
+  if (const Remembered* memory = AsItStood(state, run, place)) {
+    if (auto like = Reindented::Like(text, memory->texts[3])) return *std::move(like);
+  }
+  return Reindented(text, IndentOf(state, run.first), indent);
+}
+
 /// Whether what is moved needs lines of its own: as it had them when it stood at that place before.
 bool WantsLines(const DocumentState& state, NodeRun run, Place place, std::string_view text,
                 const Placed& what) {
-  const Remembered* memory = state.memory.Recall(
-      {EditMemory::About::kMoved, run.first, place.gap.previous, std::to_string(place.gap.parent)});
-  if (memory != nullptr && memory->nodes.front() == NextOf(state, place.gap)) {
+  if (const Remembered* memory = AsItStood(state, run, place)) {
     return HasLineEnd(memory->texts[0]) || HasLineEnd(memory->texts[1]);
   }
   const bool below_comment = place.gap.previous != kNoNode && state.IsComment(place.gap.previous);
@@ -104,8 +120,8 @@ bool WantsLines(const DocumentState& state, NodeRun run, Place place, std::strin
          (what.is_block && !within);
 }
 
-Address PutMoved(DocumentState& state, Place place, const std::string& text,
-                 const std::string& indent, const Placed& what) {
+TextAddress PutMoved(DocumentState& state, Place place, const std::string& text,
+                     const std::string& indent, const Placed& what) {
   if (!IsMidLine(state, place)) {
     return PutLines(state, place, text, indent, what, !what.key.empty());
   }
@@ -122,7 +138,11 @@ void RestoreGaps(DocumentState& state, NodeRun run) {
   const Gap behind = GapBehind(state, run.last);
   const Remembered* memory = state.memory.Recall(
       {EditMemory::About::kMoved, run.first, before.previous, std::to_string(before.parent)});
-  if (memory == nullptr || memory->nodes.front() != NextOf(state, behind)) return;
+  const std::string sides = SidesOf(state, before).substr(0, 1) + SidesOf(state, behind)[1];
+  if (memory == nullptr || memory->nodes.front() != NextOf(state, behind) ||
+      memory->texts[2] != sides) {
+    return;
+  }
   WriteGap(state, before, memory->texts[0]);
   WriteGap(state, behind, memory->texts[1]);
 }
@@ -154,11 +174,10 @@ void MoveNode(DocumentState& state, NodeId id, NodeId parent, Placement::Where w
     OpenOneLineBlock(state, parent);
   }
   const std::string indent = IndentAt(state, place, Neighbours(state, place.gap));
-  const std::string old_indent = IndentOf(state, run.first);
+  const Reindented moved = AtPlace(state, run, place, text, indent);
   const OffsetsInRun offsets(state.text.SpansOf(state.Begin(run.first), state.End(run.last)));
   TakeOut(state, run);
-  const Reindented moved(text, old_indent, indent);
-  const Address address = PutMoved(state, place, moved.Text(), indent, what);
+  const TextAddress address = PutMoved(state, place, moved.Text(), indent, what);
   NodeId previous = place.gap.previous;
   for (const NodeId node : nodes) {
     Readdress(state, node, offsets, moved, address);

@@ -1,6 +1,7 @@
 #include <klepur/document/node_at.h>
 
 #include <algorithm>
+#include <vector>
 
 namespace klepur::internal {
 namespace {
@@ -10,13 +11,16 @@ bool IsBlankByte(char byte) {
 }
 
 std::size_t OffsetOf(const DocumentState& state, PieceText::Edge edge) {
-  return state.positions.OffsetOf(edge);
+  return state.positions.OffsetOf(state.text, edge);
 }
 
-/// The child of a block that holds the byte at an offset, by walking over all of them.
-NodeId ChildAt(const DocumentState& state, NodeId block, std::size_t offset) {
-  for (NodeId child = state.tree.FirstChild(block); child != kNoNode;
-       child = state.tree[child].next) {
+/// The child of a block that holds the byte at an offset, by walking over its children from one of them on.
+NodeId ChildAt(const DocumentState& state, NodeId from, std::size_t offset) {
+  while (from != kNoNode && state.tree[from].previous != kNoNode &&
+         OffsetOf(state, state.Begin(from)) > offset) {
+    from = state.tree[from].previous;
+  }
+  for (NodeId child = from; child != kNoNode; child = state.tree[child].next) {
     if (OffsetOf(state, state.Begin(child)) > offset) return kNoNode;
     if (OffsetOf(state, state.End(child)) > offset) return child;
   }
@@ -25,7 +29,7 @@ NodeId ChildAt(const DocumentState& state, NodeId block, std::size_t offset) {
 
 /// The node that was made last of those that begin at or before an address, while no node was edited: nodes
 /// are numbered in the order of the text then.
-NodeId LastThatBegins(const DocumentState& state, Address address) {
+NodeId LastThatBegins(const DocumentState& state, TextAddress address) {
   NodeId low = 0;
   NodeId high = state.tree.Count();
   while (high - low > 1) {
@@ -39,6 +43,14 @@ NodeId LastThatBegins(const DocumentState& state, Address address) {
   return low;
 }
 
+/// The nodes around a node and itself, the innermost first, without the file's; none when it is gone.
+std::vector<NodeId> PathTo(const DocumentState& state, NodeId id) {
+  std::vector<NodeId> path;
+  if (state.tree.IsGone(id)) return path;
+  for (; id != kRoot; id = state.tree[id].parent) path.push_back(id);
+  return path;
+}
+
 NodeId InnermostAt(const DocumentState& state, PieceText::Edge edge) {
   if (state.edits == 0) {
     NodeId id = LastThatBegins(state, edge.address);
@@ -46,18 +58,24 @@ NodeId InnermostAt(const DocumentState& state, PieceText::Edge edge) {
     return id;
   }
   const std::size_t offset = OffsetOf(state, edge);
+  const std::vector<NodeId> path = PathTo(state, state.last_at);
+  auto step = path.rbegin();
   NodeId id = kRoot;
-  for (NodeId child = ChildAt(state, id, offset); child != kNoNode;
-       child = ChildAt(state, id, offset)) {
+  for (;;) {
+    const bool on_path = step != path.rend() && state.tree[*step].parent == id;
+    const NodeId child = ChildAt(state, on_path ? *step : state.tree.FirstChild(id), offset);
+    if (child == kNoNode) break;
+    step = on_path && *step == child ? step + 1 : path.rend();
     id = child;
   }
+  state.last_at = id;
   return id;
 }
 
 }  // namespace
 
 NodeId NodeAtLine(const DocumentState& state, std::size_t line) {
-  if (line == 0 || line > state.positions.Lines()) return kNoNode;
+  if (!state.positions.HasLine(state.text, line)) return kNoNode;
   PieceText::Edge edge = state.positions.LineBegin(state.text, line);
   while (!state.text.IsEnd(edge) && IsBlankByte(state.text.ByteAt(edge)) &&
          state.text.ByteAt(edge) != '\n') {

@@ -49,6 +49,32 @@ WordsOfText OverKey(std::string_view text, const Use& use) {
   return words;
 }
 
+std::string_view WithoutSemicolon(std::string_view statement) {
+  if (!statement.empty() && statement.back() == ';') statement.remove_suffix(1);
+  return statement;
+}
+
+/// From the first word to the last; without any, the empty text at the beginning.
+std::string_view WithoutGaps(std::string_view text) {
+  const std::string_view first = FirstWord(text);
+  if (first.empty()) return text.substr(0, 0);
+  const std::string_view value = UpToLastWord(text);
+  return value.substr(static_cast<std::size_t>(first.data() - text.data()));
+}
+
+/// A quick look, for most statements have another key: false when the first letter rules it out.
+bool MayBegin(std::string_view statement, std::string_view key) {
+  if (statement.empty() || key.empty() || !IsLetter(statement.front())) return true;
+  return ToSmallLetter(statement.front()) == key.front();
+}
+
+/// Takes a word, in small letters, from the front of a key; false when something else stands there.
+bool TakeSame(std::string_view word, std::string_view& key) {
+  if (!EqualButForCase(word, key.substr(0, word.size()))) return false;
+  key.remove_prefix(word.size());
+  return true;
+}
+
 }  // namespace
 
 std::string KeyOf(std::string_view text) {
@@ -66,6 +92,23 @@ std::string NormalKey(std::string_view key) {
   return normal;
 }
 
+bool HasKey(std::string_view text, std::string_view key) {
+  if (!text.empty() && !key.empty() && ToSmallLetter(text.front()) != key.front()) return false;
+  const std::string_view first = LeadingWord(text);
+  if (!EqualButForCase(first, key.substr(0, first.size()))) return false;
+  std::string_view rest = key;
+  bool same = true;
+  OverKey(text, [&](std::string_view word) {
+    if (rest.size() != key.size()) {
+      same = same && !rest.empty() && rest.front() == ' ';
+      rest.remove_prefix(same ? 1 : 0);
+    }
+    same = same && EqualButForCase(word, rest.substr(0, word.size()));
+    rest.remove_prefix(same ? word.size() : 0);
+  });
+  return same && rest.empty();
+}
+
 std::size_t KeySize(std::string_view text) {
   const WordsOfText behind = OverKey(text, [](std::string_view) {});
   return text.size() - behind.Rest().size();
@@ -76,7 +119,11 @@ std::string NormalWords(std::string_view text) {
   WordsOfText words(text);
   for (std::string_view word = words.Next(); !word.empty(); word = words.Next()) {
     if (!normal.empty()) normal += ' ';
-    normal += WithoutQuotes(word);
+    if (word.front() == '"') {
+      normal += WithoutQuotes(word);
+    } else {
+      normal += word;
+    }
   }
   return normal;
 }
@@ -90,14 +137,23 @@ bool IsQuotedName(std::string_view header) {
 }
 
 ValuePlace ValueIn(std::string_view statement) {
-  std::string_view text = statement;
-  if (!text.empty() && text.back() == ';') text.remove_suffix(1);
-  const std::size_t key = KeySize(text);
-  const std::string_view rest = text.substr(key);
-  const std::string_view first = FirstWord(rest);
-  if (first.empty()) return {key, key};
-  return {static_cast<std::size_t>(first.data() - statement.data()),
-          key + UpToLastWord(rest).size()};
+  const std::string_view text = WithoutSemicolon(statement);
+  const std::string_view value = WithoutGaps(text.substr(KeySize(text)));
+  const auto begin = static_cast<std::size_t>(value.data() - statement.data());
+  return {begin, begin + value.size()};
+}
+
+std::optional<std::string_view> ValueOfKey(std::string_view statement, std::string_view key) {
+  if (!MayBegin(statement, key)) return std::nullopt;
+  const std::string_view text = WithoutSemicolon(statement);
+  std::string_view rest = key;
+  bool same = true;
+  const WordsOfText behind = OverKey(text, [&](std::string_view word) {
+    if (rest.size() != key.size()) same = TakeSame(" ", rest) && same;
+    same = TakeSame(word, rest) && same;
+  });
+  if (!same || !rest.empty()) return std::nullopt;
+  return WithoutGaps(behind.Rest());
 }
 
 std::string WithoutQuotes(std::string_view word) {

@@ -3,6 +3,7 @@
 #define KLEPUR_DOCUMENT_NODE_TEXT_H
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,8 @@ namespace klepur::internal {
 std::string KeyOf(std::string_view text);
 /// The same for a text that is only a key, such as a caller gives.
 std::string NormalKey(std::string_view key);
+/// Whether the key words of a statement or header are these.
+bool HasKey(std::string_view text, std::string_view key);
 /// How many bytes of a text its key takes.
 std::size_t KeySize(std::string_view text);
 /// The words of a text, strings without their quotes, one blank between.
@@ -26,6 +29,8 @@ struct ValuePlace {
   std::size_t end;
 };
 ValuePlace ValueIn(std::string_view statement);
+/// The value of a statement with this key, which is as KeyOf gives it; nothing of one with another.
+std::optional<std::string_view> ValueOfKey(std::string_view statement, std::string_view key);
 
 /// A string's text without quotes and backslashes, or the word itself.
 std::string WithoutQuotes(std::string_view word);

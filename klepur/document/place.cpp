@@ -47,7 +47,7 @@ NodeId LastOfKey(DocumentState& state, NodeId parent, const Placed& what) {
   }
   return LastThat(state, parent, [&](NodeId id) {
     return !state.IsComment(id) && state.IsBlock(id) == what.is_block &&
-           KeyOf(state.OwnText(id)) == what.key;
+           HasKey(state.OwnText(id), what.key);
   });
 }
 
@@ -104,7 +104,7 @@ bool IsWithinChain(const DocumentState& state, NodeId anchor, Placement::Where w
 std::size_t BlankLinesBetween(const DocumentState& state, NodeId first, NodeId second,
                               std::string_view key) {
   if (first == kNoNode || second == kNoNode || !state.IsBlock(first) || !state.IsBlock(second) ||
-      KeyOf(state.OwnText(first)) != key || KeyOf(state.OwnText(second)) != key) {
+      !HasKey(state.OwnText(first), key) || !HasKey(state.OwnText(second), key)) {
     return 0;
   }
   const std::size_t line_ends =
@@ -237,8 +237,8 @@ std::string IndentAt(DocumentState& state, Place place, const Neighbours& neighb
          neighbours.Step(KeyOf(state.OwnText(place.gap.parent)));
 }
 
-Address PutLines(DocumentState& state, Place place, std::string_view text, std::string_view indent,
-                 const Placed& what, bool apart) {
+TextAddress PutLines(DocumentState& state, Place place, std::string_view text,
+                     std::string_view indent, const Placed& what, bool apart) {
   const Gap gap = place.gap;
   const std::string old = ReadGap(state, gap);
   const std::string line_end = LineEndAt(state, BeginOf(state, gap));
@@ -270,7 +270,7 @@ Address PutLines(DocumentState& state, Place place, std::string_view text, std::
                   touches_below ? WithBlankLine(old, line_end) : old);
 }
 
-Address PutInLine(DocumentState& state, Place place, std::string_view text) {
+TextAddress PutInLine(DocumentState& state, Place place, std::string_view text) {
   const Gap gap = place.gap;
   const std::string old = ReadGap(state, gap);
   const NodeId next = NextOf(state, gap);
@@ -284,8 +284,8 @@ Address PutInLine(DocumentState& state, Place place, std::string_view text) {
   return PutInGap(state, gap, between, text, old);
 }
 
-Address PutBetweenLines(DocumentState& state, Place place, std::string_view text,
-                        std::string_view indent) {
+TextAddress PutBetweenLines(DocumentState& state, Place place, std::string_view text,
+                            std::string_view indent) {
   const std::string line_end = LineEndAt(state, BeginOf(state, place.gap));
   const std::string behind = NextOf(state, place.gap) == kNoNode && place.gap.parent != kRoot
                                  ? IndentOf(state, place.gap.parent)
@@ -293,14 +293,14 @@ Address PutBetweenLines(DocumentState& state, Place place, std::string_view text
   return PutInGap(state, place.gap, line_end + std::string(indent), text, line_end + behind);
 }
 
-Address PutInGap(DocumentState& state, Gap gap, std::string_view before, std::string_view text,
-                 std::string_view behind) {
+TextAddress PutInGap(DocumentState& state, Gap gap, std::string_view before, std::string_view text,
+                     std::string_view behind) {
   const NodeId next = NextOf(state, gap);
   state.memory.Remember({EditMemory::About::kGap, gap.previous, gap.parent},
-                        {{next}, {ReadGap(state, gap)}});
+                        {{next}, {ReadGap(state, gap), SidesOf(state, gap)}});
   const Span span = state.text.Append(std::string(before).append(text).append(behind));
   state.text.Replace(BeginOf(state, gap), EndOf(state, gap), {span});
-  return span.begin + static_cast<Address>(before.size());
+  return span.begin + static_cast<TextAddress>(before.size());
 }
 
 }  // namespace klepur::internal

@@ -39,16 +39,16 @@ std::string IndentAt(DocumentState& state, Place place, const Neighbours& neighb
 /// \param key  of what is placed; blocks keep the distance that those of their key have.
 /// \param apart  whether a comment above, that does not belong to the text, must be kept apart from it.
 /// \return the address of the text's first byte.
-Address PutLines(DocumentState& state, Place place, std::string_view text, std::string_view indent,
-                 const Placed& what, bool apart);
+TextAddress PutLines(DocumentState& state, Place place, std::string_view text,
+                     std::string_view indent, const Placed& what, bool apart);
 /// Puts text that has no line end in a place within a line.
-Address PutInLine(DocumentState& state, Place place, std::string_view text);
+TextAddress PutInLine(DocumentState& state, Place place, std::string_view text);
 /// Puts lines in a place within a line that is broken for them.
-Address PutBetweenLines(DocumentState& state, Place place, std::string_view text,
-                        std::string_view indent);
+TextAddress PutBetweenLines(DocumentState& state, Place place, std::string_view text,
+                            std::string_view indent);
 /// Puts text, with these gaps around it, in the place of a gap.
-Address PutInGap(DocumentState& state, Gap gap, std::string_view before, std::string_view text,
-                 std::string_view behind);
+TextAddress PutInGap(DocumentState& state, Gap gap, std::string_view before, std::string_view text,
+                     std::string_view behind);
 
 }  // namespace klepur::internal
 

@@ -38,6 +38,24 @@ Reindented::Reindented(std::string_view text, std::string_view from, std::string
   text_.append(text.substr(taken));
 }
 
+std::optional<Reindented> Reindented::Like(std::string_view text, std::string_view other) {
+  Reindented like;
+  like.text_ = other;
+  std::size_t old = 0;
+  std::size_t moved = 0;
+  for (std::size_t line = NextLine(text, 0);; line = NextLine(text, line)) {
+    const bool last = line == std::string_view::npos;
+    const std::size_t size = (last ? text.size() : line) - old;
+    if (text.substr(old, size) != other.substr(moved, last ? other.size() : size)) {
+      return std::nullopt;
+    }
+    if (last) return like;
+    old = std::min(text.find_first_not_of(" \t", line), text.size());
+    moved = std::min(other.find_first_not_of(" \t", moved + size), other.size());
+    like.shifts_.push_back({old, moved});
+  }
+}
+
 std::size_t Reindented::NewOffset(std::size_t old) const {
   const auto behind =
       std::upper_bound(shifts_.begin(), shifts_.end(), old,

@@ -3,6 +3,7 @@
 #define KLEPUR_DOCUMENT_REINDENTED_H
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,10 +17,15 @@ class Reindented {
   Reindented(std::string_view text, std::string_view from, std::string_view to);
 
   const std::string& Text() const { return text_; }
+  /// A text as one that differs from it in the blanks only that lines begin with; nothing when it differs in more.
+  static std::optional<Reindented> Like(std::string_view text, std::string_view other);
+
   /// Where a byte of the old text stands in the new one.
   std::size_t NewOffset(std::size_t old) const;
 
  private:
+  Reindented() = default;
+
   struct Shift {
     std::size_t old;
     std::size_t moved;

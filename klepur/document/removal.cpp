@@ -17,7 +17,7 @@ bool HeadsRun(const DocumentState& state, NodeId end, std::string_view key) {
   const NodeId trailing = TrailingComment(state, end);
   const NodeId last = trailing == kNoNode ? end : trailing;
   const NodeId next = state.tree[last].next;
-  return next != kNoNode && !state.IsComment(next) && KeyOf(state.OwnText(next)) == key &&
+  return next != kNoNode && !state.IsComment(next) && HasKey(state.OwnText(next), key) &&
          CountLineEnds(ReadGap(state, GapBehind(state, last))) <= 1;
 }
 
@@ -95,12 +95,16 @@ void TakeOut(DocumentState& state, NodeRun run) {
       state.memory.Recall({EditMemory::About::kGap, before.previous, before.parent});
   const bool opened_since = memory != nullptr && !HasLineEnd(memory->texts.front()) &&
                             before.parent != kRoot && IsOpened(state, before.parent);
-  if (memory != nullptr && memory->nodes.front() == next && !opened_since) {
+  const std::string sides = SidesOf(state, before).substr(0, 1) + SidesOf(state, behind)[1];
+  if (memory != nullptr && memory->nodes.front() == next && memory->texts[1] == sides &&
+      !opened_since) {
     joined = memory->texts.front();
   }
   state.memory.Remember(
       {EditMemory::About::kMoved, run.first, before.previous, std::to_string(before.parent)},
-      {{next}, {gaps.before, gaps.behind}});
+      {{next},
+       {gaps.before, gaps.behind, sides,
+        state.text.Read(state.Begin(run.first), state.End(run.last))}});
   const PieceText::Edge begin = BeginOf(state, before);
   const PieceText::Edge end = EndOf(state, behind);
   state.text.Replace(begin, end, {state.text.Append(joined)});

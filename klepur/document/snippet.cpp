@@ -23,7 +23,8 @@ std::string_view WithoutBlanksBehind(std::string_view text) {
 /// The text with the ";" that its last statement may lack.
 std::string Completed(std::string_view text) {
   const std::string_view words = UpToLastWord(text);
-  if (words.empty() || words.back() == ';' || words.back() == '}' || words.back() == ':') {
+  if (words.empty() || words.back() == ';' || words.back() == '}' || words.back() == ':' ||
+      SizeOfEndless(words) == words.size()) {
     return std::string(text);
   }
   std::string completed(words);
@@ -31,11 +32,18 @@ std::string Completed(std::string_view text) {
   return completed.append(text.substr(words.size()));
 }
 
+/// A statement with nothing between its last word and its ";", where the server does not take blanks everywhere.
+std::string WithoutBlanksBeforeEnd(std::string statement) {
+  if (statement.empty() || statement.back() != ';') return statement;
+  const std::size_t words = UpToLastWord({statement.data(), statement.size() - 1}).size();
+  const bool comment = statement.find('#', words) != std::string::npos;
+  if (words != 0 && !comment) statement.erase(words, statement.size() - 1 - words);
+  return statement;
+}
+
 /// Whether a statement begins with a word that asks for a block.
 bool LacksBlock(const SyntaxNode& node, std::string_view text) {
-  if (node.kind != NodeKind::kStatement) return false;
-  const Begins begins = WordOf(NumberOf(LeadingWord(text))).begins;
-  return begins == Begins::kBlock || begins == Begins::kChain || begins == Begins::kBranch;
+  return node.kind == NodeKind::kStatement && WantsBlock(NumberOf(LeadingWord(text)));
 }
 
 bool IsWhole(const SyntaxNode& node, std::string_view text) {
@@ -100,6 +108,7 @@ bool Snippet::ContinuesLine(NodeId id, const Neighbours& neighbours) const {
 std::string Snippet::StatementText(NodeId id, const Neighbours& neighbours) const {
   std::string text(OwnText(id));
   if (tree_[id].kind != NodeKind::kStatement) return text;
+  text = WithoutBlanksBeforeEnd(std::move(text));
   const ValuePlace value = ValueIn(text);
   const std::string_view word = std::string_view(text).substr(value.begin, value.end - value.begin);
   if (IsBareWord(word) && neighbours.IsQuoted(KeyOf(text)) == true) {

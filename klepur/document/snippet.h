@@ -36,7 +36,7 @@ class Snippet {
 
  private:
   friend class LineWriter;
-  std::string_view View(Address begin, Address end) const {
+  std::string_view View(TextAddress begin, TextAddress end) const {
     return text_.view().substr(begin - kBase, end - begin);
   }
   std::string_view OwnText(NodeId id) const;
@@ -48,7 +48,7 @@ class Snippet {
   bool IsTrailing(NodeId comment) const;
   bool ContinuesLine(NodeId id, const Neighbours& neighbours) const;
 
-  static constexpr Address kBase = 1;  // not 0, where a byte order mark could stand
+  static constexpr TextAddress kBase = 1;  // not 0, where a byte order mark could stand
 
   TextBuffer text_;
   SyntaxTree tree_;

@@ -109,7 +109,7 @@ bool BeginsStatement(const char* from, const char* end) {
 
 }  // namespace
 
-StructureReader::StructureReader(SyntaxTree& tree, std::string_view text, Address base)
+StructureReader::StructureReader(SyntaxTree& tree, std::string_view text, TextAddress base)
     : tree_(tree),
       begin_(text.data()),
       end_(text.data() + text.size()),
@@ -179,6 +179,9 @@ void StructureReader::ReadComment() {
 void StructureReader::ReadStatement() {
   if (ReadLabel()) return;
   const char* const start = next_;
+  if (const std::size_t size = SizeOfEndless(Between(start, end_))) {
+    return AddStatement(start, start + size, false, false);
+  }
   StatementSoFar so_far(start);
   bool open_quote = false;
   bool comment = false;
@@ -249,8 +252,7 @@ const char* StructureReader::BehindString(const char* quote, bool& open) {
   if (FindClosing(quote)) {
     const char* const behind = closing_ + 1;
     const bool over_lines = last_line_end_ > quote;
-    const bool word_follows = behind < end_ && (IsWordByte(*behind) || *behind == '"' ||
-                                                *behind == '.' || (*behind & 0x80) != 0);
+    const bool word_follows = behind < end_ && BeginsWordBehindString(*behind);
     if (!over_lines || !word_follows) return behind;
   }
   open = true;
@@ -308,7 +310,7 @@ void StructureReader::OpenBlock(const char* start, const char* brace, bool open_
   next_ = brace + 1;
   const NodeId id = Add(NodeKind::kBlock, start, next_);
   SyntaxNode& node = tree_.Made(id);
-  tree_.SetBrace(id, static_cast<Address>(brace - start));
+  tree_.SetBrace(id, static_cast<TextAddress>(brace - start));
   node.word = word;
   node.open_quote = open_quote;
   malformed_ = malformed_ || open_quote;

@@ -28,7 +28,7 @@ inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 class StructureReader {
  public:
   /// `base` is the address of the text's first byte.
-  StructureReader(SyntaxTree& tree, std::string_view text, Address base);
+  StructureReader(SyntaxTree& tree, std::string_view text, TextAddress base);
 
   /// Appends the nodes of the text. Those at the top have this parent and each other as siblings, and
   /// are linked to nothing else.
@@ -53,14 +53,14 @@ class StructureReader {
   void OpenBlock(const char* start, const char* brace, bool open_quote);
   void CloseOpenBlocks(NodeId top);
   std::uint8_t WordAt(const char* start);
-  Address AddressOf(const char* place) const {
-    return base_ + static_cast<Address>(place - begin_);
+  TextAddress AddressOf(const char* place) const {
+    return base_ + static_cast<TextAddress>(place - begin_);
   }
 
   SyntaxTree& tree_;
   const char* const begin_;
   const char* const end_;
-  const Address base_;
+  const TextAddress base_;
   const char* next_;
   NodeId parent_ = kNoNode;
   NodeId previous_ = kNoNode;

@@ -64,7 +64,7 @@ constexpr StructureWord kWords[] = {
     {"fixed-address6", Begins::kStatement, 1},
     {"fixed-prefix6", Begins::kStatement, 1},
     {"get-lease-hostnames", Begins::kStatement, 1},
-    {"group", Begins::kBlock, 1},
+    {"group", Begins::kEither, 1},
     {"hardware", Begins::kStatement, 1},
     {"hba", Begins::kStatement, 1},
     {"host", Begins::kBlock, 1},
@@ -184,6 +184,11 @@ constexpr std::size_t LongestWord() {
 
 const StructureWord& WordOf(std::uint8_t number) {
   return kWords[number];
+}
+
+bool WantsBlock(std::uint8_t number) {
+  const Begins begins = WordOf(number).begins;
+  return begins == Begins::kBlock || begins == Begins::kChain || begins == Begins::kBranch;
 }
 
 std::uint8_t NumberOf(std::string_view word) {

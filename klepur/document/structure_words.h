@@ -29,6 +29,8 @@ struct StructureWord {
 inline constexpr std::uint8_t kUnknownWord = 0;
 
 const StructureWord& WordOf(std::uint8_t number);
+/// Whether what begins with a word must have a block: "host", "if", "else".
+bool WantsBlock(std::uint8_t number);
 /// The number of a word, written in any case.
 std::uint8_t NumberOf(std::string_view word);
 /// The numbers of the words that the reader treats in a way of their own.

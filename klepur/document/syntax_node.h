@@ -20,8 +20,8 @@ inline constexpr NodeId kRoot = 0;
 struct SyntaxNode {
   static constexpr std::uint16_t kFarBrace = 0xFFFF;
 
-  Address begin = 0;  ///< Its first byte.
-  Address end = 0;    ///< One past its last byte, which is never a blank.
+  TextAddress begin = 0;  ///< Its first byte.
+  TextAddress end = 0;    ///< One past its last byte, which is never a blank.
   NodeId next = kNoNode;
   NodeId previous = kNoNode;
   NodeId parent = kNoNode;

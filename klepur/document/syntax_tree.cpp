@@ -23,7 +23,28 @@ NodeId SyntaxTree::LastChild(NodeId id) const {
 }
 
 NodeId SyntaxTree::KnownLastChild(NodeId id) {
-  return tails_.insert_or_assign(id, LastChild(id)).first->second;
+  const auto known = tails_.find(id);
+  return known != tails_.end() ? known->second
+                               : tails_.emplace(id, LastFromFormer(id)).first->second;
+}
+
+bool SyntaxTree::HangsBelow(NodeId id, NodeId parent) const {
+  const SyntaxNode& node = nodes_[id];
+  if (node.gone || node.parent != parent) return false;
+  return (node.previous == kNoNode ? FirstChild(parent) : nodes_[node.previous].next) == id;
+}
+
+/// The last child, from a child that was the last one once, or one before it, on.
+NodeId SyntaxTree::LastFromFormer(NodeId parent) const {
+  constexpr int kStepsBack = 64;
+  const auto former = former_tails_.find(parent);
+  NodeId id = former == former_tails_.end() ? kNoNode : former->second;
+  for (int step = 0; id != kNoNode && !HangsBelow(id, parent); ++step) {
+    id = step == kStepsBack ? kNoNode : nodes_[id].previous;
+  }
+  if (id == kNoNode) return LastChild(parent);
+  while (nodes_[id].next != kNoNode) id = nodes_[id].next;
+  return id;
 }
 
 NodeId SyntaxTree::NextInOrder(NodeId id, NodeId top) const {
@@ -61,13 +82,13 @@ NodeId SyntaxTree::Append(const SyntaxNode& node) {
   return Count() - 1;
 }
 
-void SyntaxTree::SetBrace(NodeId id, Address distance) {
+void SyntaxTree::SetBrace(NodeId id, TextAddress distance) {
   const bool far = distance >= SyntaxNode::kFarBrace;
   nodes_[id].brace = far ? SyntaxNode::kFarBrace : static_cast<std::uint16_t>(distance);
   if (far) far_braces_[nodes_[id].begin] = distance;
 }
 
-Address SyntaxTree::BraceOf(NodeId id) const {
+TextAddress SyntaxTree::BraceOf(NodeId id) const {
   const std::uint16_t near = nodes_[id].brace;
   return near == SyntaxNode::kFarBrace ? far_braces_.find(nodes_[id].begin)->second : near;
 }
@@ -110,13 +131,20 @@ void SyntaxTree::Unlink(NodeId id) {
 void SyntaxTree::SetChildren(NodeId parent, NodeId first) {
   SetHead(parent, first);
   tails_.erase(parent);
+  former_tails_.erase(parent);
   for (NodeId child = first; child != kNoNode; child = nodes_[child].next) {
     if (nodes_[child].parent != parent) Change(child).parent = parent;
   }
 }
 
 void SyntaxTree::RollBack(Mark mark) noexcept {
-  tails_.clear();
+  if (!tails_.empty()) {
+    for (auto& [parent, tail] : tails_) {
+      while (tail != kNoNode && tail >= mark.count) tail = nodes_[tail].previous;
+    }
+    former_tails_.swap(tails_);
+    tails_.clear();
+  }
   for (NodeId id = mark.count; id < Count(); ++id) nodes_[id].gone = 1;
   while (log_.size() > mark.log) {
     const Was& was = log_.back();

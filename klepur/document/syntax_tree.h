@@ -40,8 +40,8 @@ class SyntaxTree {
   NodeId Append(const SyntaxNode& node);
   SyntaxNode& Made(NodeId id) { return nodes_[id]; }
   /// How far behind a block's first byte its "{" stands. Setting it is for new nodes.
-  void SetBrace(NodeId id, Address distance);
-  Address BraceOf(NodeId id) const;
+  void SetBrace(NodeId id, TextAddress distance);
+  TextAddress BraceOf(NodeId id) const;
 
   /// A node to be changed, as it is now remembered.
   SyntaxNode& Change(NodeId id);
@@ -76,11 +76,15 @@ class SyntaxTree {
   };
   void SetHead(NodeId parent, NodeId head);
   NodeId HeadOf(NodeId parent) const;
+  bool HangsBelow(NodeId id, NodeId parent) const;
+  NodeId LastFromFormer(NodeId parent) const;
 
   LargeArray<SyntaxNode> nodes_;
   std::unordered_map<NodeId, NodeId> heads_;  // of the nodes with own_head
   std::unordered_map<NodeId, NodeId> tails_;
-  std::unordered_map<Address, Address> far_braces_;  // by the block's first byte
+  std::unordered_map<NodeId, NodeId>
+      former_tails_;  // what they were before something was taken back
+  std::unordered_map<TextAddress, TextAddress> far_braces_;  // by the block's first byte
   std::vector<Was> log_;
   std::vector<NodeId> noted_;
   std::size_t generation_ = 0;

@@ -38,6 +38,27 @@ void RequireBlock(const DocumentState& state, NodeId id) {
   if (!state.IsBlock(id)) throw Error(ErrorCode::kBadPlace, "only blocks have headers");
 }
 
+std::string_view WithoutBlanksAround(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\r\n\v\f";
+  const std::size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
+  return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+}
+
+/// Whether a statement is surely one and the same statement with another value in the place of its own, without
+/// reading it: nothing in either ends a word in a way of its own.
+bool IsPlainChange(std::string_view statement, ValuePlace place, std::string_view value) {
+  const auto is_plain = [](char byte) {
+    return IsWordByte(byte) || byte == ' ' || byte == '.' || byte == ':' || byte == '/' ||
+           byte == ',';
+  };
+  const std::string_view words = statement.substr(0, statement.size() - 1);
+  return !value.empty() && place.begin != place.end && place.begin != 0 &&
+         statement[place.begin - 1] == ' ' && statement.back() == ';' &&
+         std::all_of(words.begin(), words.end(), is_plain) &&
+         std::all_of(value.begin(), value.end(), is_plain) &&
+         ToSmallLetter(statement.front()) != 'n';
+}
+
 /// Puts another text in the place of a statement's, or of a header up to its "{".
 void ReplaceOwnText(DocumentState& state, NodeId id, std::string_view text) {
   const PieceText::Edge begin = state.Begin(id);
@@ -59,13 +80,14 @@ void ReplaceOwnText(DocumentState& state, NodeId id, std::string_view text) {
       block && node.unfinished && node.end == node.begin + state.tree.BraceOf(id) + 1;
   node.begin = span.begin;
   if (!block || empty_block) node.end = span.end;
-  if (block) state.tree.SetBrace(id, static_cast<Address>(text.size()));
+  if (block) state.tree.SetBrace(id, static_cast<TextAddress>(text.size()));
   state.tree.Note(id);
 }
 
 /// The column of the comment behind a statement, if a comment on a line next to it stands there too.
 bool IsAligned(const DocumentState& state, NodeId statement, NodeId comment) {
   const std::size_t column = ColumnOf(state, state.Begin(comment));
+  if (column == kFar) return false;
   const auto has_comment_there = [&](NodeId id) {
     if (id == kNoNode || state.IsComment(id)) return false;
     const NodeId other = TrailingComment(state, id);
@@ -185,7 +207,7 @@ void PutCommentsBehind(DocumentState& state, NodeId id) {
   ReplaceOwnText(state, id, text.substr(0, end) + ";");
   const Gap gap = GapBehind(state, id);
   const std::string comment = text.substr(mark, comment_end - mark);
-  const Address address =
+  const TextAddress address =
       PutInGap(state, gap, text.substr(end, mark - end), comment, ReadGap(state, gap));
   HangNodes(state, gap, comment, address);
 }
@@ -201,6 +223,7 @@ void SetValueOf(DocumentState& state, NodeId id, std::string_view value) {
   RequireStatement(state, id);
   const std::string old(state.OwnText(id));
   const ValuePlace place = ValueIn(old);
+  value = WithoutBlanksAround(value);
   std::string text = old.substr(0, place.begin);
   if (place.begin == place.end && !value.empty()) text += ' ';
   text.append(value).append(old.substr(place.end));
@@ -208,7 +231,9 @@ void SetValueOf(DocumentState& state, NodeId id, std::string_view value) {
     text = old.substr(0, KeySize(old)) + old.substr(place.end);
   }
   if (text.back() != ';') text += ';';
-  if (!IsOne(text, NodeKind::kStatement) || KeyOf(text) != KeyOf(old)) {
+  const bool sound = !state.tree[id].unfinished && !state.tree[id].open_quote;
+  const bool plain = sound && IsPlainChange(old, place, value);
+  if (!plain && (!IsOne(text, NodeKind::kStatement) || !HasKey(text, KeyOf(old)))) {
     throw Error(ErrorCode::kBadText, "\"" + std::string(value) + "\" is no value of a statement");
   }
   ReplaceWhole(state, id, text);
@@ -229,7 +254,8 @@ void SetHeaderOf(DocumentState& state, NodeId block, std::string_view header) {
   const std::string old(state.OwnText(block));
   const std::string_view words = UpToLastWord(header);
   const std::string text = std::string(words) + old.substr(UpToLastWord(old).size());
-  const bool whole = header.find_first_not_of(" \t\r\n", words.size()) == std::string_view::npos;
+  const bool whole =
+      header.find_first_not_of(" \t\r\n\v\f", words.size()) == std::string_view::npos;
   if (words.empty() || !whole || !IsOne(text + "{}", NodeKind::kBlock)) {
     throw Error(ErrorCode::kBadText, "\"" + std::string(header) + "\" is no header of a block");
   }
@@ -242,7 +268,7 @@ void SetHeaderOf(DocumentState& state, NodeId block, std::string_view header) {
 
 void RenameBlock(DocumentState& state, NodeId block, std::string_view name) {
   RequireBlock(state, block);
-  const std::string old(state.OwnText(block));
+  const std::string old(UpToLastWord(state.OwnText(block)));
   const std::string old_name = NameIn(old);
   if (name == old_name) return;
   state.memory.Remember({EditMemory::About::kHeader, block, kNoNode, old_name}, {{}, {old}});
@@ -254,17 +280,17 @@ void RenameBlock(DocumentState& state, NodeId block, std::string_view name) {
   const bool one_word = IsBareWord(name);
   const bool as_it_stands = !IsQuotedName(old) && NameIn("x " + std::string(name)) == name;
   const std::string_view key = std::string_view(old).substr(0, KeySize(old));
-  const std::size_t begin = old.find_first_not_of(" \t\r\n", key.size());
-  const std::string blanks = old_name.empty() ? " " : old.substr(key.size(), begin - key.size());
+  const std::string_view first = FirstWord(std::string_view(old).substr(key.size()));
+  const std::string gap = first.empty() ? " " : std::string(key.data() + key.size(), first.data());
   const bool plain =
       one_word ? !IsQuotedName(old) : as_it_stands && old_name.find(' ') != std::string::npos;
-  SetHeaderOf(state, block, std::string(key) + blanks + (plain ? std::string(name) : Quoted(name)));
+  SetHeaderOf(state, block, std::string(key) + gap + (plain ? std::string(name) : Quoted(name)));
 }
 
 NodeId StatementInForce(const DocumentState& state, NodeId block, std::string_view key) {
   NodeId found = kNoNode;
   for (NodeId id = state.tree.FirstChild(block); id != kNoNode; id = state.tree[id].next) {
-    if (state.tree[id].kind == NodeKind::kStatement && KeyOf(state.OwnText(id)) == key) found = id;
+    if (state.tree[id].kind == NodeKind::kStatement && HasKey(state.OwnText(id), key)) found = id;
   }
   return found;
 }
@@ -292,6 +318,7 @@ void AppendToListOf(DocumentState& state, NodeId id, std::string_view element) {
   if (!IsOne(text, NodeKind::kStatement) || ElementsOf(text).size() != elements.size() + 1) {
     throw Error(ErrorCode::kBadText, "\"" + std::string(element) + "\" is no element of a list");
   }
+  state.memory.Remember({EditMemory::About::kList, id}, {{}, {text, old, NormalWords(element)}});
   ReplaceStatement(state, id, text);
 }
 
@@ -305,6 +332,11 @@ bool RemoveFromListOf(DocumentState& state, NodeId id, std::string_view element)
   if (found == elements.end()) return false;
   if (elements.size() == 1) {
     throw Error(ErrorCode::kBadText, "the last element of a list cannot be taken out");
+  }
+  const Remembered* memory = state.memory.Recall({EditMemory::About::kList, id});
+  if (memory != nullptr && memory->texts[0] == old && memory->texts[2] == NormalWords(element)) {
+    ReplaceStatement(state, id, std::string(memory->texts[1]));
+    return true;
   }
   const std::string text =
       WithoutElement(old, elements, static_cast<std::size_t>(found - elements.begin()));

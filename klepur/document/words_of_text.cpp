@@ -1,5 +1,6 @@
 #include <klepur/document/words_of_text.h>
 
+#include <array>
 #include <cstddef>
 
 #include <klepur/text/letters.h>
@@ -11,8 +12,12 @@ bool IsGap(char byte) {
   return byte == ' ' || (byte >= '\t' && byte <= '\r') || byte == '\0';
 }
 
-bool Joins(char byte) {
+constexpr std::array<bool, 256> kJoins = ByteTable([](char byte) {
   return IsWordByte(byte) || byte == '.' || byte == ':' || byte == '/' || (byte & 0x80) != 0;
+});
+
+bool Joins(char byte) {
+  return kJoins[static_cast<unsigned char>(byte)];
 }
 
 }  // namespace
@@ -52,10 +57,24 @@ std::string_view FirstWord(std::string_view text) {
 }
 
 std::string_view UpToLastWord(std::string_view text) {
+  if (text.find('#') == std::string_view::npos) {
+    while (!text.empty() && IsGap(text.back())) text.remove_suffix(1);
+    return text;
+  }
   WordsOfText words(text);
   while (!words.Next().empty()) {
   }
   return text.substr(0, text.size() - words.Rest().size());
+}
+
+std::size_t SizeOfEndless(std::string_view text) {
+  static constexpr std::array<std::string_view, 3> kWords = {"no", "failover", "peer"};
+  if (text.size() < 2 || !EqualButForCase(text.substr(0, 2), kWords[0])) return 0;
+  WordsOfText words(text);
+  for (const std::string_view word : kWords) {
+    if (!EqualButForCase(words.Next(), word)) return 0;
+  }
+  return text.size() - words.Rest().size();
 }
 
 std::size_t StringEnd(std::string_view text, std::size_t quote) {

@@ -34,6 +34,9 @@ std::string_view FirstWord(std::string_view text);
 std::string_view UpToLastWord(std::string_view text);
 /// Where the string ends that begins at a place, one past its closing quote; npos if it does not.
 std::size_t StringEnd(std::string_view text, std::size_t quote);
+/// How many bytes "no failover peer" takes at the start of a text, the one statement that the server ends at its
+/// last word and not at a ";"; 0 when something else stands there.
+std::size_t SizeOfEndless(std::string_view text);
 
 }  // namespace klepur::internal
 

@@ -196,6 +196,7 @@ void BlockParser::SectionStartAnalyzer() {
 void BlockParser::SectionEndAnalyzer() {
   lastPunctuator = kBlockEnd;
   if (currentNode == nullptr || currentNode->parent == nullptr) return;
+  if (holder != nullptr && currentNode == &holder->topNode) return;
   internal::TreeNode& ended = *currentNode;
   currentNode = ended.parent;
   if (atBlockEnd_) atBlockEnd_(ended);

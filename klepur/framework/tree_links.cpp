@@ -45,19 +45,19 @@ TreeNode* FirstChildHolding(const TreeNode& node, std::string_view part) {
   return nullptr;
 }
 
-TreeNode* FirstBehind(std::list<TreeNode*>::iterator place, std::list<TreeNode*>::iterator end,
+TreeNode* FirstBehind(const TreeNode& parent, std::list<TreeNode*>::iterator place,
                       std::string_view part) {
-  while (++place != end && *place != nullptr) {
+  while (++place != parent.children->end() && *place != nullptr) {
     if (NameHolds(**place, part)) return *place;
+    if ((*place)->parent != &parent) return nullptr;
   }
   return nullptr;
 }
 
 TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part) {
   if (!HasSiblingList(node)) return nullptr;
-  const auto end = node.parent->children->end();
   const auto place = PlaceAmongSiblings(node);
-  return place == end ? nullptr : FirstBehind(place, end, part);
+  return place == node.parent->children->end() ? nullptr : FirstBehind(*node.parent, place, part);
 }
 
 bool HoldsLine(const CfSection& section, const char* line) {

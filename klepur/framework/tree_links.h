@@ -22,12 +22,13 @@ TreeNode* FirstChild(const TreeNode& node);
 /// The first child whose name holds `part`, among the first 65536; null when none does.
 TreeNode* FirstChildHolding(const TreeNode& node, std::string_view part);
 
-/// The first node behind a place in a child list, up to a null, whose name holds `part`; null when
-/// none does.
-TreeNode* FirstBehind(std::list<TreeNode*>::iterator place, std::list<TreeNode*>::iterator end,
+/// The first node behind a place in the child list of `parent` whose name holds `part`; null when
+/// none does. A null ends the search, and so does a node behind which none can be looked for: one
+/// that a caller hung here without setting its parent.
+TreeNode* FirstBehind(const TreeNode& parent, std::list<TreeNode*>::iterator place,
                       std::string_view part);
 
-/// The first of the following siblings, up to a null, whose name holds `part`; null when none does.
+/// The same behind a node's own place. Null too when its parent does not hold it.
 /// Cost: linear in the length of the list.
 TreeNode* NextSiblingHolding(TreeNode& node, std::string_view part);
 

@@ -1,6 +1,6 @@
 // Internal: a hash table of tree nodes, several of which may have the same key.
-#ifndef KLEPUR_FRAMEWORK_NODE_TABLE_H
-#define KLEPUR_FRAMEWORK_NODE_TABLE_H
+#ifndef KLEPUR_LOOKUP_NODE_TABLE_H
+#define KLEPUR_LOOKUP_NODE_TABLE_H
 
 #include <algorithm>
 #include <cstddef>

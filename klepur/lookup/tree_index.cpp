@@ -61,11 +61,10 @@ TreeNode* TreeIndex::FirstChildWithLine(TreeNode& parent, const char* line) {
 
 TreeNode* TreeIndex::NextSiblingHolding(TreeNode& node, std::string_view part) {
   if (node.parent == nullptr || node.parent->children == nullptr) return nullptr;
-  std::list<TreeNode*>& siblings = *node.parent->children;
   if (const KnownNode* const known = Find(node)) {
-    return FirstBehind(known->place, siblings.end(), part);
+    return FirstBehind(*node.parent, known->place, part);
   }
-  walked_ += siblings.size();
+  walked_ += node.parent->children->size();
   return internal::NextSiblingHolding(node, part);
 }
 

@@ -1,6 +1,6 @@
 // Internal: how sections and entries keep their texts. Use their own members instead.
-#ifndef KLEPUR_FRAMEWORK_C_STRING_H
-#define KLEPUR_FRAMEWORK_C_STRING_H
+#ifndef KLEPUR_MEMORY_C_STRING_H
+#define KLEPUR_MEMORY_C_STRING_H
 
 #include <cstddef>
 #include <cstring>

@@ -1,6 +1,6 @@
 // Internal: how the objects are freed that a parse makes many at a time and callers make with new.
-#ifndef KLEPUR_FRAMEWORK_MADE_ANYWHERE_H
-#define KLEPUR_FRAMEWORK_MADE_ANYWHERE_H
+#ifndef KLEPUR_MEMORY_MADE_ANYWHERE_H
+#define KLEPUR_MEMORY_MADE_ANYWHERE_H
 
 #include <klepur/export.h>
 

@@ -1,6 +1,6 @@
 // Internal: memory for the many small objects that a parse makes.
-#ifndef KLEPUR_FRAMEWORK_OBJECT_MEMORY_H
-#define KLEPUR_FRAMEWORK_OBJECT_MEMORY_H
+#ifndef KLEPUR_MEMORY_OBJECT_MEMORY_H
+#define KLEPUR_MEMORY_OBJECT_MEMORY_H
 
 #include <cstddef>
 #include <memory>

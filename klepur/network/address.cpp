@@ -44,9 +44,20 @@ bool HasColon(std::string_view text) {
   return text.find(':') != std::string_view::npos;
 }
 
-/// True for a zero that a digit follows and none precedes.
-bool IsLeadingZero(std::string_view text, std::size_t at, bool inNumber) {
-  return text[at] == '0' && !inNumber && at + 1 < text.size() && IsDigit(text[at + 1]);
+/// Four numbers up to 255 with dots between, whatever zeros stand in front of them.
+bool ReadDotted(std::string_view text, unsigned char* bytes) {
+  std::size_t at = 0;
+  for (std::size_t part = 0; part != 4; ++part) {
+    if (part != 0 && (at == text.size() || text[at++] != '.')) return false;
+    const std::size_t begin = at;
+    unsigned number = 0;
+    for (; at != text.size() && IsDigit(text[at]) && number <= 255; ++at) {
+      number = number * 10 + static_cast<unsigned>(text[at] - '0');
+    }
+    if (at == begin || number > 255) return false;
+    bytes[part] = static_cast<unsigned char>(number);
+  }
+  return at == text.size();
 }
 
 }  // namespace
@@ -60,15 +71,9 @@ std::optional<Address> Address::Parse(std::string_view text) noexcept {
 }
 
 std::optional<Address> Address::ParseLenient(std::string_view text) noexcept {
-  if (HasColon(text)) return Parse(text);
-  AddressText copy;
-  bool inNumber = false;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (IsLeadingZero(text, at, inNumber)) continue;
-    inNumber = IsDigit(text[at]);
-    if (!copy.Append(text[at])) return std::nullopt;
-  }
-  return Converted(copy, false);
+  unsigned char bytes[4];
+  if (ReadDotted(text, bytes)) return FromV4Bytes(bytes);
+  return HasColon(text) ? Parse(text) : std::nullopt;
 }
 
 Address Address::FromV4Bytes(const unsigned char* bytes) noexcept {

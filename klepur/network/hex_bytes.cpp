@@ -3,9 +3,24 @@
 #include <klepur/network/value_words.h>
 
 #include <algorithm>
+#include <array>
 
 namespace klepur::internal {
 namespace {
+
+constexpr std::array<signed char, 256> HexDigitTable() {
+  std::array<signed char, 256> table = {};
+  for (signed char& value : table) value = -1;
+  for (int digit = 0; digit != 10; ++digit) {
+    table[static_cast<std::size_t>('0' + digit)] = static_cast<signed char>(digit);
+  }
+  for (int digit = 0; digit != 6; ++digit) {
+    table[static_cast<std::size_t>('a' + digit)] = static_cast<signed char>(10 + digit);
+    table[static_cast<std::size_t>('A' + digit)] = static_cast<signed char>(10 + digit);
+  }
+  return table;
+}
+constexpr std::array<signed char, 256> kHexDigits = HexDigitTable();
 
 /// Fills a room, as far as it goes.
 class ByteWriter {
@@ -69,6 +84,19 @@ bool ReadGroups(std::string_view text, char separator, ByteWriter& out) {
   }
 }
 
+/// What most lists are: two digits for each byte, colons, no blanks. Nothing for all others.
+std::optional<std::size_t> ReadPlainList(std::string_view text, ByteRoom room) {
+  const std::size_t count = (text.size() + 1) / 3;
+  if (text.size() % 3 != 2 || count > room.size) return std::nullopt;
+  for (std::size_t i = 0; i != count; ++i) {
+    const int high = HexDigitValue(text[3 * i]);
+    const int low = HexDigitValue(text[3 * i + 1]);
+    if (high < 0 || low < 0 || (i + 1 != count && text[3 * i + 2] != ':')) return std::nullopt;
+    room.bytes[i] = static_cast<unsigned char>(high * 16 + low);
+  }
+  return count;
+}
+
 std::optional<std::size_t> CountIf(bool isRead, const ByteWriter& out) {
   return isRead ? std::optional<std::size_t>(out.Count()) : std::nullopt;
 }
@@ -76,13 +104,11 @@ std::optional<std::size_t> CountIf(bool isRead, const ByteWriter& out) {
 }  // namespace
 
 int HexDigitValue(char c) noexcept {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
+  return kHexDigits[static_cast<unsigned char>(c)];
 }
 
 std::optional<std::size_t> ReadHexList(std::string_view text, ByteRoom room) noexcept {
+  if (const auto count = ReadPlainList(text, room)) return count;
   ByteWriter out(room);
   for (;;) {
     text = WithoutLeadingBlanks(text);

@@ -5,7 +5,6 @@
 #include <klepur/network/address.h>
 #include <klepur/network/hardware_address.h>
 #include <klepur/network/identifier.h>
-#include <klepur/network/ordered.h>
 
 #include <cstdint>
 #include <functional>
@@ -16,27 +15,24 @@
 namespace klepur::internal {
 
 /// One thing that a host is found by, in bytes that are the same for all its spellings.
-class HostKey : public Ordered<HostKey> {
- public:
+struct HostKey {
+  enum class Kind : std::uint8_t { kHardware, kAddress, kClientIdentifier, kHostName };
+
   static HostKey Of(const HardwareAddress& hardware);
   static HostKey Of(const klepur::Address& address);
   static HostKey Of(const Identifier& identifier);
   static HostKey OfHostName(std::string name) { return {Kind::kHostName, std::move(name)}; }
 
-  std::uint64_t Hash() const;
-  int Compare(const HostKey& other) const noexcept;
-
- private:
-  enum class Kind : std::uint8_t { kHardware, kAddress, kClientIdentifier, kHostName };
-  HostKey(Kind kind, std::string bytes) : kind_(kind), bytes_(std::move(bytes)) {}
-
-  Kind kind_;
-  std::string bytes_;
+  Kind kind;
+  std::string bytes;
 };
 
-/// Calls `use` with each key that a statement of a host gives it. What is no address, identifier or name
-/// gives none.
-void ForEachHostKey(std::string_view statement, const std::function<void(const HostKey&)>& use);
+/// Uses the bytes of a key, which end with the call.
+using UseKey = std::function<void(std::string_view bytes)>;
+
+/// Calls `use` with each key of a kind that a statement of a host gives it. What is no address, identifier
+/// or name gives none.
+void ForEachHostKey(HostKey::Kind kind, std::string_view statement, const UseKey& use);
 
 }  // namespace klepur::internal
 

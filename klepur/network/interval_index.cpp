@@ -42,7 +42,7 @@ std::vector<NodeId> IntervalIndex::Around(const DocumentState& state,
 }
 
 std::optional<Interval> IntervalOfSubnet(const DocumentState& state, NodeId id) {
-  if (KindOf(state, id) != BlockKind::kSubnet) return std::nullopt;
+  if (KindOf(state, id) != BlockRole::kSubnet) return std::nullopt;
   const std::optional<Prefix> prefix = Prefix::ParseSubnet(NameIn(state.OwnText(id)));
   if (!prefix) return std::nullopt;
   return Interval(prefix->First(), prefix->Last(), id);

@@ -3,9 +3,9 @@
 #define KLEPUR_NETWORK_INTERVAL_INDEX_H
 
 #include <klepur/document/document_state.h>
+#include <klepur/document/upkeep.h>
 #include <klepur/network/address.h>
 #include <klepur/network/interval_map.h>
-#include <klepur/network/upkeep.h>
 
 #include <optional>
 #include <vector>

@@ -5,6 +5,7 @@
 #include <klepur/network/value_words.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <set>
 #include <string>
 #include <utility>
@@ -12,7 +13,8 @@
 namespace klepur::internal {
 
 std::vector<NodeId> NetworkTables::Hosts(const HostKey& key) {
-  std::vector<NodeId> hosts = hosts_.Find(state_, key);
+  HostIndex& index = hosts_[static_cast<std::size_t>(key.kind)];
+  std::vector<NodeId> hosts = index.Find(state_, key.bytes);
   SortByPlace(state_, hosts);
   return hosts;
 }
@@ -36,7 +38,7 @@ std::vector<NodeId> NetworkTables::Pools(const klepur::Address& address) {
   for (const NodeId range : Ranges(address)) {
     const NodeId block = state_.tree[range].parent;
     const bool is_new = std::find(pools.begin(), pools.end(), block) == pools.end();
-    if (is_new && KindOf(state_, block) == BlockKind::kPool) pools.push_back(block);
+    if (is_new && KindOf(state_, block) == BlockRole::kPool) pools.push_back(block);
   }
   return pools;
 }
@@ -91,7 +93,7 @@ std::optional<klepur::Address> NetworkTables::FixedAddressOf(NodeId host) {
 
 Scopes NetworkTables::ScopesOf(NodeId block, std::optional<klepur::Address> address) {
   Scopes scopes(state_, block);
-  if (!address && KindOf(state_, block) == BlockKind::kHost) address = FixedAddressOf(block);
+  if (!address && KindOf(state_, block) == BlockRole::kHost) address = FixedAddressOf(block);
   if (!address) return scopes;
   for (const std::vector<NodeId>& around : {Pools(*address), Subnets(*address)}) {
     if (!around.empty()) scopes.AddBehind(state_, around.front());

@@ -40,7 +40,9 @@ class NetworkTables {
   Scopes ScopesOf(NodeId block, std::optional<klepur::Address> address);
 
   const DocumentState& state_;
-  HostIndex hosts_;
+  HostIndex hosts_[4] = {HostIndex(HostKey::Kind::kHardware), HostIndex(HostKey::Kind::kAddress),
+                         HostIndex(HostKey::Kind::kClientIdentifier),
+                         HostIndex(HostKey::Kind::kHostName)};  // in the order of the kinds
   IntervalIndex subnets_{IntervalOfSubnet};
   IntervalIndex ranges_{IntervalOfRange};
   ScopeIndex statements_;

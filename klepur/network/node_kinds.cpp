@@ -11,31 +11,31 @@
 namespace klepur::internal {
 namespace {
 
-constexpr std::pair<std::string_view, BlockKind> kBlocks[] = {
-    {"failover", BlockKind::kService},
-    {"group", BlockKind::kGroup},
-    {"host", BlockKind::kHost},
-    {"key", BlockKind::kService},
-    {"pool", BlockKind::kPool},
-    {"pool6", BlockKind::kPool},
-    {"shared-network", BlockKind::kSharedNetwork},
-    {"subnet", BlockKind::kSubnet},
-    {"subnet6", BlockKind::kSubnet},
-    {"zone", BlockKind::kService},
+constexpr std::pair<std::string_view, BlockRole> kBlocks[] = {
+    {"failover", BlockRole::kService},
+    {"group", BlockRole::kGroup},
+    {"host", BlockRole::kHost},
+    {"key", BlockRole::kService},
+    {"pool", BlockRole::kPool},
+    {"pool6", BlockRole::kPool},
+    {"shared-network", BlockRole::kSharedNetwork},
+    {"subnet", BlockRole::kSubnet},
+    {"subnet6", BlockRole::kSubnet},
+    {"zone", BlockRole::kService},
 };
 
-std::array<BlockKind, 256> KindsByWord() {
-  std::array<BlockKind, 256> kinds = {};
-  kinds.fill(BlockKind::kOther);
+std::array<BlockRole, 256> KindsByWord() {
+  std::array<BlockRole, 256> kinds = {};
+  kinds.fill(BlockRole::kOther);
   for (const auto& [word, kind] : kBlocks) kinds[NumberOf(word)] = kind;
   return kinds;
 }
 
 }  // namespace
 
-BlockKind KindOf(const DocumentState& state, NodeId id) {
-  static const std::array<BlockKind, 256> kinds = KindsByWord();
-  return state.IsBlock(id) ? kinds[state.tree[id].word] : BlockKind::kOther;
+BlockRole KindOf(const DocumentState& state, NodeId id) {
+  static const std::array<BlockRole, 256> kinds = KindsByWord();
+  return state.IsBlock(id) ? kinds[state.tree[id].word] : BlockRole::kOther;
 }
 
 bool IsLiveStatement(const DocumentState& state, NodeId id) {
@@ -49,11 +49,11 @@ std::string_view ValueOf(std::string_view statement) {
 
 void SortByPlace(const DocumentState& state, std::vector<NodeId>& nodes) {
   if (nodes.size() < 2) return;
-  state.positions.Update(state.text, state.edits);
+  state.positions.Update(state.text);
   std::vector<std::pair<std::size_t, NodeId>> places;
   places.reserve(nodes.size());
   for (const NodeId id : nodes) {
-    places.emplace_back(state.positions.OffsetOf(state.Begin(id)), id);
+    places.emplace_back(state.positions.OffsetOf(state.text, state.Begin(id)), id);
   }
   std::sort(places.begin(), places.end());
   std::transform(places.begin(), places.end(), nodes.begin(),

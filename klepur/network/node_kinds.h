@@ -10,7 +10,7 @@
 
 namespace klepur::internal {
 
-enum class BlockKind : std::uint8_t {
+enum class BlockRole : std::uint8_t {
   kHost,
   kGroup,
   kSharedNetwork,
@@ -21,7 +21,7 @@ enum class BlockKind : std::uint8_t {
 };
 
 /// Of a block in the document; kOther for all else.
-BlockKind KindOf(const DocumentState& state, NodeId id);
+BlockRole KindOf(const DocumentState& state, NodeId id);
 
 /// Whether a node stands in the document and is a statement.
 bool IsLiveStatement(const DocumentState& state, NodeId id);

@@ -90,7 +90,7 @@ Parameter ParameterOf(const DocumentState& state, NodeId statement) {
   const std::string key = KeyOf(text);
   const std::string_view first = LeadingWord(key);
   const bool is_permit =
-      IsPermission(first) && KindOf(state, state.tree[statement].parent) == BlockKind::kPool;
+      IsPermission(first) && KindOf(state, state.tree[statement].parent) == BlockRole::kPool;
   const bool is_own = is_permit || key == "option space" ||
                       std::binary_search(std::begin(kOwn), std::end(kOwn), first);
   return {Merged(key), !is_own};

@@ -3,8 +3,8 @@
 #define KLEPUR_NETWORK_SCOPE_INDEX_H
 
 #include <klepur/document/document_state.h>
-#include <klepur/network/key_table.h>
-#include <klepur/network/upkeep.h>
+#include <klepur/document/key_table.h>
+#include <klepur/document/upkeep.h>
 
 #include <string_view>
 #include <vector>
@@ -22,6 +22,9 @@ class ScopeIndex {
 
  private:
   void Update(const DocumentState& state);
+  template <class IsWanted>
+  std::vector<NodeId> Entered(const DocumentState& state, NodeId block, std::string_view key,
+                              const IsWanted& is_wanted);
 
   KeyTable table_;
   Upkeep upkeep_;

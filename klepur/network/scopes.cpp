@@ -9,10 +9,10 @@ namespace {
 
 std::vector<NodeId> Chain(const DocumentState& state, NodeId block) {
   std::vector<NodeId> chain = {block};
-  if (block == kRoot || KindOf(state, block) == BlockKind::kService) return chain;
+  if (block == kRoot || KindOf(state, block) == BlockRole::kService) return chain;
   for (NodeId id = state.tree[block].parent; id != kRoot; id = state.tree[id].parent) {
-    const BlockKind kind = KindOf(state, id);
-    if (kind != BlockKind::kOther && kind != BlockKind::kService) chain.push_back(id);
+    const BlockRole kind = KindOf(state, id);
+    if (kind != BlockRole::kOther && kind != BlockRole::kService) chain.push_back(id);
   }
   chain.push_back(kRoot);
   return chain;

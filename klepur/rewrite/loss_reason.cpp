@@ -43,6 +43,8 @@ constexpr ReasonRow kReasons[] = {
      "has no \";\" before the end of the text and is left out"},
     {Reason::kBehindNul, "behind-nul", "is left out: it stands behind a NUL byte"},
     {Reason::kUnclosedBlock, "unclosed-block", "is not closed and gets a \"}\""},
+    {Reason::kSwallowedBrace, "swallowed-brace",
+     "has its \"}\" on the line of a block, where it stays as text, and gets another one"},
     {Reason::kLostBrace, "lost-brace", "loses its \"}\""},
     {Reason::kSemicolonBehindBlock, "semicolon-behind-block",
      "has a \";\" behind its \"}\", which comes to stand alone"},
@@ -65,7 +67,7 @@ bool IsGap(char byte) {
 
 /// The first byte behind a node that is no blank; 0 at the end.
 char ByteBehind(const DocumentState& state, NodeId id) {
-  for (Address at = state.tree[id].end; at < state.text.BaseSize(); ++at) {
+  for (TextAddress at = state.tree[id].end; at < state.text.BaseSize(); ++at) {
     if (!IsGap(*state.text.Bytes(at))) return *state.text.Bytes(at);
   }
   return '\0';
@@ -99,7 +101,7 @@ Reason OfHeader(const NodeImages& images, NodeId id, const RewrittenPiece& piece
                         state.tree[state.tree[id].parent].begin >= piece.source.begin;
     return behind || !state.tree[id].unfinished ? Reason::kTextBehindBrace : OfUnended(state, id);
   }
-  const Address behind_brace = state.tree[id].begin + state.tree.BraceOf(id) + 1;
+  const TextAddress behind_brace = state.tree[id].begin + state.tree.BraceOf(id) + 1;
   const std::string_view rest =
       state.text.View({behind_brace, std::max(behind_brace, piece.source.end)});
   return std::all_of(rest.begin(), rest.end(), IsGap) ? Reason::kBehindText

@@ -10,7 +10,7 @@ namespace {
 
 /// The first node that begins at an address or behind it. In a text that nobody edited they are numbered in
 /// the order in which they stand.
-NodeId FirstFrom(const DocumentState& state, Address address) {
+NodeId FirstFrom(const DocumentState& state, TextAddress address) {
   NodeId low = 1;
   NodeId high = state.tree.Count();
   while (low < high) {
@@ -24,7 +24,7 @@ NodeId FirstFrom(const DocumentState& state, Address address) {
   return low;
 }
 
-bool BeginsBefore(const DocumentState& state, NodeId id, Address address) {
+bool BeginsBefore(const DocumentState& state, NodeId id, TextAddress address) {
   return id < state.tree.Count() && state.tree[id].begin < address;
 }
 
@@ -120,7 +120,7 @@ bool NodeImages::StaysInBlock(NodeId id) const {
   return image_[id] != kNoNode && image_[before_.tree[id].parent] == after_.tree[image_[id]].parent;
 }
 
-NodeId LastBefore(const DocumentState& state, Address address) {
+NodeId LastBefore(const DocumentState& state, TextAddress address) {
   return FirstFrom(state, address) - 1;
 }
 

@@ -53,7 +53,7 @@ class NodeImages {
 };
 
 /// The last node that begins before an address, in a text that nobody edited; the root when none does.
-NodeId LastBefore(const DocumentState& state, Address address);
+NodeId LastBefore(const DocumentState& state, TextAddress address);
 
 }  // namespace klepur::internal
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <unordered_map>
 #include <utility>
 
@@ -66,7 +67,9 @@ class LossFinder {
     CheckOrder();
     for (NodeId id = 1; id != images_.After().tree.Count(); ++id) CheckImage(id);
     for (NodeId id = 1; id != state_.tree.Count(); ++id) CheckChain(id);
-    for (const NodeId id : one_line_blocks_) TellOneLineBlock(id);
+    if (HasNewStray()) CheckSwallowedBraces();
+    const std::vector<bool> changed = told_;
+    for (const NodeId id : one_line_blocks_) TellOneLineBlock(id, changed);
     std::sort(losses_.begin(), losses_.end(),
               [](const Loss& left, const Loss& right) { return left.id < right.id; });
     return std::move(losses_);
@@ -109,8 +112,8 @@ class LossFinder {
   }
 
   /// A block whose "}" is in a line below takes that of the block around it, when that loses one.
-  void TellOneLineBlock(NodeId id) {
-    const bool takes = EndsBelowItsLine(images_, id) && told_[state_.tree[id].parent];
+  void TellOneLineBlock(NodeId id, const std::vector<bool>& changed) {
+    const bool takes = EndsBelowItsLine(images_, id) && changed[state_.tree[id].parent];
     Tell({id, Reason::kOneLineBlock, takes ? Severity::kError : Severity::kNote});
   }
 
@@ -167,6 +170,35 @@ class LossFinder {
     Tell({id, Reason::kOrder, Severity::kError, previous});
   }
 
+  /// Whether a "}" is written that closes nothing and did not stand in the text.
+  bool HasNewStray() const {
+    for (NodeId image = 1; image != images_.After().tree.Count(); ++image) {
+      if (images_.After().tree[image].kind == NodeKind::kStray &&
+          images_.SourceOf(image) == kNoNode &&
+          images_.PieceOfImage(image) == NodeImages::kNoPiece) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  /// A block is written with a "}" of its own, also when the one that it had is part of a line.
+  void CheckSwallowedBraces() {
+    const std::vector<RewrittenPiece>& pieces = images_.Written().pieces;
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) {
+      const std::size_t piece = images_.PieceOf(id);
+      if (!state_.IsBlock(id) || state_.tree[id].unfinished || piece == NodeImages::kNoPiece)
+        continue;
+      if (pieces[piece].sort != RewrittenPiece::Sort::kHeader) continue;
+      const TextAddress brace = state_.tree[id].end - 1;
+      const auto behind = std::upper_bound(
+          pieces.begin(), pieces.end(), brace,
+          [](TextAddress at, const RewrittenPiece& other) { return at < other.source.begin; });
+      if (behind == pieces.begin() || std::prev(behind)->source.end <= brace) continue;
+      Tell({id, Reason::kSwallowedBrace, Severity::kError});
+    }
+  }
+
   /// What is in the rewritten text only is told of what it is made of.
   void CheckImage(NodeId image) {
     if (images_.SourceOf(image) != kNoNode || images_.PieceOfImage(image) == NodeImages::kNoPiece)
@@ -199,7 +231,7 @@ class LossFinder {
 };
 
 RewriteLoss Described(DocumentState& state, const Loss& loss) {
-  state.positions.Update(state.text, state.edits);
+  state.positions.Update(state.text);
   const auto place = [&state](NodeId id) {
     return id == kNoNode ? Position() : state.positions.Of(state.text, state.Begin(id));
   };

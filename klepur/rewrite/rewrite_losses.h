@@ -29,6 +29,7 @@ enum class RewriteReason {
   kUnfinishedEnd,     ///< What the text ends in without a ";" is left out.
   kBehindNul,         ///< The classes stop reading at a NUL byte.
   kUnclosedBlock,     ///< A block without its "}" gets one at the end.
+  kSwallowedBrace,    ///< A "}" stays as part of a line, and its block gets another one.
   kLostBrace,         ///< A block loses its "}".
   kSemicolonBehindBlock,  ///< The ";" behind a block comes to stand alone.
   kRootName,              ///< A block named "TREE_ROOT_SECTION" loses its name and braces.

@@ -88,7 +88,7 @@ class WatchedParser : public DhcpParser {
   }
 
   void PassOver(const Token& token) {
-    at_ += static_cast<Address>(token.text.size());
+    at_ += static_cast<TextAddress>(token.text.size());
     closed_ = token.kind == TokenKind::kPunctuator && token.text[0] == '}';
   }
 
@@ -179,11 +179,12 @@ class WatchedParser : public DhcpParser {
 
   static void PlacePiece(std::string_view text, RewrittenPiece& piece, WrittenBlock& head) {
     if (piece.sort == Sort::kHeader) {
-      piece.written = {static_cast<Address>(head.header), static_cast<Address>(head.entries)};
+      piece.written = {static_cast<TextAddress>(head.header),
+                       static_cast<TextAddress>(head.entries)};
       return;
     }
     const std::size_t end = BehindLine(text, head.entries);
-    piece.written = {static_cast<Address>(head.entries), static_cast<Address>(end)};
+    piece.written = {static_cast<TextAddress>(head.entries), static_cast<TextAddress>(end)};
     head.entries = end;
   }
 
@@ -194,8 +195,8 @@ class WatchedParser : public DhcpParser {
   CfSectionHolder tree_;
   Tree<CfSection>::TreeNode* node_ = nullptr;  // the current one when last looked
   std::size_t entries_ = 0;                    // how many it had then
-  Address at_ = 0;                             // how many bytes were read
-  Address from_ = 0;                           // those from here on are of no piece yet
+  TextAddress at_ = 0;                         // how many bytes were read
+  TextAddress from_ = 0;                       // those from here on are of no piece yet
   bool closed_ = false;                        // whether the last token was "}"
   std::size_t blocks_ = 0;
   std::vector<std::size_t> open_;  // the blocks around, by number in the order of their headers

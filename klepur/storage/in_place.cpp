@@ -52,10 +52,11 @@ std::uint64_t WriteInPlace(const std::string& target, const std::string& path, c
   const Pieces old(std::get<TextBuffer>(bytes).view());
   SetRoomAside(file.Get(), path, text.Size());
   if (const auto sum = WriteAll(file.Get(), text)) return *sum;
-  const Error error = Failure(path, kWrite);
-  if (WriteAll(file.Get(), old)) throw error;
-  throw Error(ErrorCode::kFile,
-              std::string(error.what()) + "; and the old text could not be put back");
+  const int reason = errno;
+  const bool put_back = WriteAll(file.Get(), old).has_value();
+  const Error error = Failure(ErrorCode::kFile, path, kWrite, reason);
+  throw Error(ErrorCode::kFile, std::string(error.what()) +
+                                    (put_back ? "" : "; and the old text could not be put back"));
 }
 
 }  // namespace klepur::internal

@@ -2,6 +2,7 @@
 #ifndef KLEPUR_TEXT_LETTERS_H
 #define KLEPUR_TEXT_LETTERS_H
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -15,9 +16,27 @@ constexpr bool IsDigit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
+/// Which bytes something holds for, looked up faster than asked one after the other.
+template <class Holds>
+constexpr std::array<bool, 256> ByteTable(const Holds& holds) {
+  std::array<bool, 256> table = {};
+  for (std::size_t byte = 0; byte != table.size(); ++byte) {
+    table[byte] = holds(static_cast<char>(static_cast<unsigned char>(byte)));
+  }
+  return table;
+}
+
+inline constexpr std::array<bool, 256> kWordBytes = ByteTable(
+    [](char byte) { return IsLetter(byte) || IsDigit(byte) || byte == '-' || byte == '_'; });
+
 /// A byte that a keyword or a number is made of; every other one ends it.
 constexpr bool IsWordByte(char byte) {
-  return IsLetter(byte) || IsDigit(byte) || byte == '-' || byte == '_';
+  return kWordBytes[static_cast<unsigned char>(byte)];
+}
+
+/// A byte that cannot follow a string directly, if its quote was meant to close it: a word, or another string.
+constexpr bool BeginsWordBehindString(char byte) {
+  return IsWordByte(byte) || byte == '"' || byte == '.' || (byte & 0x80) != 0;
 }
 
 constexpr char ToSmallLetter(char byte) {

@@ -12,7 +12,7 @@ PieceText::PieceText(TextBuffer base) : base_(std::move(base)) {
   pieces_.push_back({0, 0, kHead, kTail, true});
   pieces_.push_back({0, 0, kHead, kTail, true});
   if (base_.size() != 0) {
-    const PieceId whole = NewPiece(0, BaseSize());
+    const PieceId whole = NewPiece(0, BaseSize())->second;
     pieces_[whole].stands = true;
     Link(kHead, whole);
     Link(whole, kTail);
@@ -20,15 +20,15 @@ PieceText::PieceText(TextBuffer base) : base_(std::move(base)) {
 }
 
 Span PieceText::Append(std::string_view bytes) {
-  if (bytes.size() > std::numeric_limits<Address>::max() - NextAddress()) {
+  if (bytes.size() > std::numeric_limits<TextAddress>::max() - NextAddress()) {
     throw Error(ErrorCode::kTooLarge, "the document and what was added to it reach 4 GiB");
   }
-  const Address begin = NextAddress();
+  const TextAddress begin = NextAddress();
   added_.append(bytes);
   return {begin, NextAddress()};
 }
 
-PieceText::Edge PieceText::Behind(Address end) const {
+PieceText::Edge PieceText::Behind(TextAddress end) const {
   const PieceId piece = PieceOf(end - 1);
   return end < pieces_[piece].end ? Edge{piece, end} : BeginOf(pieces_[piece].next);
 }
@@ -60,8 +60,8 @@ std::string PieceText::Read(Edge from, Edge to) const {
 std::vector<Span> PieceText::SpansOf(Edge from, Edge to) const {
   std::vector<Span> spans;
   for (PieceId id = from.piece; id != kTail; id = pieces_[id].next) {
-    const Address begin = id == from.piece ? from.address : pieces_[id].begin;
-    const Address end = id == to.piece ? to.address : pieces_[id].end;
+    const TextAddress begin = id == from.piece ? from.address : pieces_[id].begin;
+    const TextAddress end = id == to.piece ? to.address : pieces_[id].end;
     if (begin != end) spans.push_back({begin, end});
     if (id == to.piece) break;
   }
@@ -75,7 +75,9 @@ std::size_t PieceText::Size() const {
 }
 
 void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
-  std::vector<PieceId> added;
+  const bool within = from.piece != kTail && from.address != pieces_[from.piece].begin;
+  Touch(within ? from.piece : pieces_[from.piece].previous);
+  std::vector<NewOne> added;
   for (const Span& span : spans) AppendPiecesOf(span, added);
   const bool empty = from == to;
   const PieceId right = BorderBefore(to);
@@ -88,14 +90,14 @@ void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
   for (PieceId piece = first; piece != right; piece = pieces_[piece].next) {
     pieces_[piece].stands = false;
   }
-  for (const PieceId piece : added) {
-    at_.find(pieces_[piece].begin)->second = piece;
-    pieces_[piece].stands = true;
-    Link(last, piece);
-    last = piece;
+  for (const NewOne& piece : added) {
+    piece.place->second = piece.id;
+    pieces_[piece.id].stands = true;
+    Link(last, piece.id);
+    last = piece.id;
   }
   Link(last, right);
-  if (!added.empty()) change.new_first = added.front();
+  if (!added.empty()) change.new_first = added.front().id;
 }
 
 void PieceText::RollBack(std::size_t mark) noexcept {
@@ -106,6 +108,7 @@ void PieceText::TakeBack(const Change& change) noexcept {
   // A piece that was split since keeps its beginning, so the one on the left is asked for, not remembered.
   const PieceId after = change.new_first == kTail ? change.right : change.new_first;
   const PieceId left = pieces_[after].previous;
+  Touch(left);
   for (PieceId id = after; id != change.right; id = pieces_[id].next) pieces_[id].stands = false;
   if (change.old_first == kTail) {
     Link(left, change.right);
@@ -131,22 +134,24 @@ bool PieceText::IsChanged() const {
   return !rest.empty();
 }
 
-PieceText::PieceId PieceText::PieceOf(Address byte) const {
+PieceText::PieceId PieceText::PieceOf(TextAddress byte) const {
   auto place = std::prev(at_.upper_bound(byte));
   while (!pieces_[place->second].stands) --place;
   return place->second;
 }
 
-PieceText::PieceId PieceText::NewPiece(Address begin, Address end) {
+PieceText::Beginnings::iterator PieceText::NewPiece(TextAddress begin, TextAddress end) {
   pieces_.push_back({begin, end, kHead, kTail, false});
   const auto id = static_cast<PieceId>(pieces_.size() - 1);
-  at_.emplace(begin, id);  // one that stands in the text keeps the place until it is replaced
-  return id;
+  // One that stands in the text keeps the place until it is replaced.
+  const bool behind_all = at_.empty() || at_.rbegin()->first < begin;
+  return behind_all ? at_.emplace_hint(at_.end(), begin, id) : at_.emplace(begin, id).first;
 }
 
-PieceText::PieceId PieceText::Split(PieceId piece, Address at) {
-  const PieceId rest = NewPiece(at, pieces_[piece].end);
-  at_.find(at)->second = rest;
+PieceText::PieceId PieceText::Split(PieceId piece, TextAddress at) {
+  const auto place = NewPiece(at, pieces_[piece].end);
+  const auto rest = static_cast<PieceId>(pieces_.size() - 1);
+  place->second = rest;
   pieces_[rest].stands = true;
   Link(rest, pieces_[piece].next);
   Link(piece, rest);
@@ -159,16 +164,22 @@ PieceText::PieceId PieceText::BorderBefore(Edge edge) {
   return Split(edge.piece, edge.address);
 }
 
-void PieceText::AppendPiecesOf(Span span, std::vector<PieceId>& ids) {
+void PieceText::AppendPiecesOf(Span span, std::vector<NewOne>& pieces) {
   if (span.begin == span.end) return;
-  Address begin = span.begin;
-  for (auto border = at_.upper_bound(begin); border != at_.end() && border->first < span.end;) {
-    const Address at = border->first;
+  const auto append = [&](TextAddress begin, TextAddress end) {
+    const auto place = NewPiece(begin, end);
+    pieces.push_back({static_cast<PieceId>(pieces_.size() - 1), place});
+  };
+  TextAddress begin = span.begin;
+  const bool behind_all = at_.empty() || at_.rbegin()->first < begin;
+  auto border = behind_all ? at_.end() : at_.upper_bound(begin);
+  while (border != at_.end() && border->first < span.end) {
+    const TextAddress at = border->first;
     ++border;
-    ids.push_back(NewPiece(begin, at));
+    append(begin, at);
     begin = at;
   }
-  ids.push_back(NewPiece(begin, span.end));
+  append(begin, span.end);
 }
 
 }  // namespace klepur::internal

@@ -3,6 +3,7 @@
 #ifndef KLEPUR_TEXT_PIECE_TEXT_H
 #define KLEPUR_TEXT_PIECE_TEXT_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -15,12 +16,12 @@
 namespace klepur::internal {
 
 /// Names a byte: those that were read come first, then those added, in the order of their coming.
-using Address = std::uint32_t;
+using TextAddress = std::uint32_t;
 
 /// Bytes that stand side by side in memory.
 struct Span {
-  Address begin = 0;
-  Address end = 0;
+  TextAddress begin = 0;
+  TextAddress end = 0;
 };
 
 class PieceText {
@@ -31,20 +32,20 @@ class PieceText {
   /// changes.
   struct Edge {
     PieceId piece;
-    Address address;
+    TextAddress address;
     friend bool operator==(const Edge&, const Edge&) = default;
   };
 
   explicit PieceText(TextBuffer base);
 
-  const char* Bytes(Address address) const {
+  const char* Bytes(TextAddress address) const {
     return address < base_.size() ? base_.data() + address
                                   : added_.data() + (address - base_.size());
   }
   std::string_view View(Span span) const { return {Bytes(span.begin), span.end - span.begin}; }
-  Address BaseSize() const { return static_cast<Address>(base_.size()); }
+  TextAddress BaseSize() const { return static_cast<TextAddress>(base_.size()); }
   /// The address that the next appended byte gets.
-  Address NextAddress() const { return static_cast<Address>(base_.size() + added_.size()); }
+  TextAddress NextAddress() const { return static_cast<TextAddress>(base_.size() + added_.size()); }
 
   /// Keeps bytes for use in the text, without putting them there. Throws Error when the addresses of
   /// 32 bits are used up.
@@ -53,8 +54,8 @@ class PieceText {
   Edge Start() const { return BeginOf(pieces_[kHead].next); }
   Edge End() const { return {kTail, 0}; }
   /// The border before a byte, or behind the byte before `end`, that stand in the text.
-  Edge Before(Address byte) const { return {PieceOf(byte), byte}; }
-  Edge Behind(Address end) const;
+  Edge Before(TextAddress byte) const { return {PieceOf(byte), byte}; }
+  Edge Behind(TextAddress end) const;
   bool IsEnd(Edge edge) const { return edge.piece == kTail; }
 
   /// The byte behind an edge that is not the end, or before one that is not the start.
@@ -81,7 +82,20 @@ class PieceText {
   std::size_t GetMark() const { return log_.size(); }
   void RollBack(std::size_t mark) noexcept;
 
-  PieceId PieceOf(Address byte) const;
+  /// For who keeps books of the pieces: how often the text changed, edits taken back counted too, and of each of
+  /// the last kTouches changes the piece before which it changed nothing. A piece that does not stand in the text
+  /// now says nothing, for a later change took it.
+  static constexpr std::size_t kTouches = 64;
+  std::size_t Touches() const { return touches_; }
+  PieceId Touched(std::size_t touch) const { return touched_[touch % kTouches]; }
+  bool Stands(PieceId piece) const { return pieces_[piece].stands; }
+  PieceId Next(PieceId piece) const { return pieces_[piece].next; }
+  PieceId Previous(PieceId piece) const { return pieces_[piece].previous; }
+  Span SpanOf(PieceId piece) const { return {pieces_[piece].begin, pieces_[piece].end}; }
+  static constexpr PieceId kHead = 0;  ///< Before the first piece.
+  static constexpr PieceId kTail = 1;  ///< Behind the last.
+
+  PieceId PieceOf(TextAddress byte) const;
   /// Whether the text is another than what was read. Cost: what was moved or written anew is compared.
   bool IsChanged() const;
 
@@ -95,25 +109,29 @@ class PieceText {
   };
 
   struct Piece {
-    Address begin;
-    Address end;
+    TextAddress begin;
+    TextAddress end;
     PieceId previous;
     PieceId next;
     bool stands = false;  ///< Whether it is part of the text.
   };
-  static constexpr PieceId kHead = 0;
-  static constexpr PieceId kTail = 1;
 
+  void Touch(PieceId piece) noexcept { touched_[touches_++ % kTouches] = piece; }
   void TakeBack(const Change& change) noexcept;
   Edge BeginOf(PieceId piece) const { return {piece, pieces_[piece].begin}; }
-  PieceId NewPiece(Address begin, Address end);
-  PieceId Split(PieceId piece, Address at);
+  using Beginnings = std::map<TextAddress, PieceId>;
+  Beginnings::iterator NewPiece(TextAddress begin, TextAddress end);
+  PieceId Split(PieceId piece, TextAddress at);
   PieceId BorderBefore(Edge edge);
   void Link(PieceId left, PieceId right) {
     pieces_[left].next = right;
     pieces_[right].previous = left;
   }
-  void AppendPiecesOf(Span span, std::vector<PieceId>& ids);
+  struct NewOne {
+    PieceId id;
+    Beginnings::iterator place;
+  };
+  void AppendPiecesOf(Span span, std::vector<NewOne>& pieces);
 
   TextBuffer base_;
   std::string added_;
@@ -121,8 +139,10 @@ class PieceText {
   // The piece that begins at an address; where several did, the one that stands in the text or did last.
   // No border between pieces is ever forgotten: one that is within a piece now, since its making was taken
   // back, has a piece that does not stand.
-  std::map<Address, PieceId> at_;
+  Beginnings at_;
   std::vector<Change> log_;
+  std::size_t touches_ = 0;
+  std::array<PieceId, kTouches> touched_ = {};
 };
 
 }  // namespace klepur::internal

@@ -32,9 +32,18 @@ std::string Found(std::string_view text, const CheckOptions& options) {
   return InShort(Check(Document(text), options));
 }
 
-void ExpectFoundIn(std::string_view text, std::string_view found) {
-  EXPECT_EQ(Found(text), found) << text;
-  EXPECT_EQ(Found(WithCarriageReturns(text)), found) << text;
+CheckOptions ByItself() {
+  CheckOptions options;
+  options.off = {"host-without-identity", "subnet-without-addresses",
+                 "undeclared-class",      "unused-class",
+                 "unused-group",          "unused-key",
+                 "unused-option"};
+  return options;
+}
+
+void ExpectFoundIn(std::string_view text, std::string_view found, const CheckOptions& options) {
+  EXPECT_EQ(Found(text, options), found) << text;
+  EXPECT_EQ(Found(WithCarriageReturns(text), options), found) << text;
 }
 
 }  // namespace klepur::test

@@ -26,15 +26,15 @@ struct CheckCase {
   const char* found;
 };
 
+/// Leaves out what is told of a statement or block because others are missing.
+CheckOptions ByItself();
+
+void ExpectFoundIn(std::string_view text, std::string_view found, const CheckOptions& options = {});
+
 /// Compares what is found in each text, with "\n" for the line ends and with "\r\n".
 template <std::size_t N>
-void ExpectFound(const CheckCase (&cases)[N]);
-
-void ExpectFoundIn(std::string_view text, std::string_view found);
-
-template <std::size_t N>
-void ExpectFound(const CheckCase (&cases)[N]) {
-  for (const auto& [text, found] : cases) ExpectFoundIn(text, found);
+void ExpectFound(const CheckCase (&cases)[N], const CheckOptions& options = {}) {
+  for (const auto& [text, found] : cases) ExpectFoundIn(text, found, options);
 }
 
 }  // namespace klepur::test

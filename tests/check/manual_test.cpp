@@ -113,7 +113,8 @@ TEST(ChecksManual, MendsOfItsExamplesPutThemRight) {
             "unknown-permission\n"
             "lone-word\n"
             "malformed-name\n"
-            "unknown-option\n");
+            "unknown-option\n"
+            "reversed-range\n");
 }
 
 }  // namespace

@@ -25,6 +25,22 @@ std::size_t SetValue(File& file, std::size_t line, std::string_view value) {
   return line;
 }
 
+/// The value of a line, without the blanks around it.
+std::string ValueOf(const File& file, std::size_t line) {
+  const std::string& text = file.Text(line);
+  std::size_t begin = text.find(' ', text.find_first_not_of(" \t"));
+  if (text.find("option ") != std::string::npos) begin = text.find(' ', begin + 1);
+  begin = text.find_first_not_of(' ', begin);
+  const std::size_t end = text.find_last_not_of(' ', text.rfind(';') - 1);
+  return text.substr(begin, end - begin + 1);
+}
+
+/// Gives the last line of a name the value of the one so many before it.
+std::size_t CopyToLast(File& file, const char* name, std::size_t before) {
+  const std::vector<std::size_t> all = file.All(name);
+  return SetValue(file, all.back(), ValueOf(file, all[all.size() - 1 - before]));
+}
+
 /// Puts a line of its own before another one that is a statement or begins a block.
 std::size_t PutBefore(File& file, std::size_t line, std::string text) {
   file.Insert(line, "mistake", std::move(text));
@@ -308,14 +324,160 @@ const std::vector<Mistake> kMistakes = {
                        kWrong[Below(random, std::size(kWrong))]);
      }},
 
-    // Meaning.
-    {"duplicate-hardware-address", In::kAny,
+    // Hosts. The last one and the last but two get addresses of one subnet.
+    {"duplicate-host", In::kAny,
      [](File& file, Random& /*random*/) {
-       const std::vector<std::size_t> all =
-           file.All("hardware");  // the last two are outside of subnets
-       const std::string& other = file.Text(all[all.size() - 2]);
-       const std::size_t value = other.find("ethernet");
-       return SetValue(file, all.back(), other.substr(value, other.rfind(';') - value));
+       return PutBefore(file, file.All("host").back(),
+                        "host pc1 { hardware ethernet 00:16:3e:00:aa:01; }");
+     }},
+    {"duplicate-hardware-address", In::kAny,
+     [](File& file, Random& /*random*/) { return CopyToLast(file, "hardware", 2); }},
+    {"duplicate-identifier", In::kAny,
+     [](File& file, Random& /*random*/) {
+       const std::size_t line = file.All("host").back();
+       PutBefore(file, line, "host twin1 { uid 1:2:3; }");
+       return PutBefore(file, line + 1, "host twin2 { uid 01:02:03; }");
+     }},
+    {"duplicate-host-name", In::kAny,
+     [](File& file, Random& /*random*/) { return CopyToLast(file, "option host-name", 2); }},
+    {"duplicate-fixed-address", In::kAny,
+     [](File& file, Random& /*random*/) { return CopyToLast(file, "fixed-address", 2); }},
+    {"duplicate-fixed-prefix", In::kDhcp6,
+     [](File& file, Random& random) {
+       return CopyToLast(file, "fixed-prefix", 1 + Below(random, 4));
+     }},
+    {"host-without-identity", In::kAny,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("host", random), "host nobody { min-lease-time 60; }");
+     }},
+    {"fixed-address-outside-subnets", In::kDhcp4,
+     [](File& file, Random& random) {
+       return SetValue(file, file.Any("fixed-address", random), "10.99.0.1");
+     }},
+    {"fixed-address-outside-subnets", In::kDhcp6,
+     [](File& file, Random& random) {
+       return SetValue(file, file.Any("fixed-address", random), "2001:db8:99::1");
+     }},
+    {"fixed-address-in-range", In::kDhcp4,
+     [](File& file, Random& random) {
+       return SetValue(file, file.Any("fixed-address", random),
+                       Below(random, 2) == 0 ? "10.0.1.100" : "10.0.2.170");
+     }},
+    {"fixed-address-in-range", In::kDhcp6,
+     [](File& file, Random& random) {
+       return SetValue(file, file.Any("fixed-address", random), "2001:db8:1::66");
+     }},
+    {"fixed-prefix-in-pool", In::kDhcp6,
+     [](File& file, Random& random) {
+       PutBefore(file, file.Any("range", random), "prefix6 2001:db8:e:: 2001:db8:e:: /48;");
+       return SetValue(file, file.Any("fixed-prefix", random), "2001:db8:e:1::/64");
+     }},
+
+    // Networks and ranges.
+    {"network-address-handed-out", In::kDhcp4,
+     [](File& file, Random& random) {
+       return SetValue(file, file.Any("fixed-address", random),
+                       Below(random, 2) == 0 ? "10.0.1.255" : "10.0.3.0");
+     }},
+    {"overlapping-subnets", In::kDhcp4,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random),
+                        "subnet 10.0.3.128 netmask 255.255.255.128 { range 10.0.3.200; }");
+     }},
+    {"subnet-without-addresses", In::kDhcp4,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random),
+                        "subnet 10.50.0.0 netmask 255.255.255.0 { }");
+     }},
+    {"subnet-without-addresses", In::kDhcp6,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random), "subnet6 2001:db8:50::/64 { }");
+     }},
+    {"router-outside-subnet", In::kDhcp4,
+     [](File& file, Random& random) {
+       return SetValue(file, file.Any("option routers", random), "10.200.0.1");
+     }},
+    {"range-outside-subnet", In::kDhcp4,
+     [](File& file, Random& random) {
+       return SetValue(file, file.Any("range", random), "10.99.0.1 10.99.0.9");
+     }},
+    {"range-outside-subnet", In::kDhcp6,
+     [](File& file, Random& random) {
+       return SetValue(file, file.Any("range", random), "2001:db8:99::1 2001:db8:99::9");
+     }},
+    {"reversed-range", In::kAny,
+     [](File& file, Random& random) {
+       const std::size_t line = file.Any("range", random);
+       const std::string value = ValueOf(file, line);
+       const std::size_t blank = value.find(' ');
+       return SetValue(file, line, value.substr(blank + 1) + " " + value.substr(0, blank));
+     }},
+    {"overlapping-ranges", In::kDhcp4,
+     [](File& file, Random& /*random*/) { return CopyToLast(file, "range", 1); }},
+    {"overlapping-ranges6", In::kDhcp6,
+     [](File& file, Random& /*random*/) { return CopyToLast(file, "range", 1); }},
+    {"overlapping-prefix-pools", In::kDhcp6,
+     [](File& file, Random& random) {
+       const std::size_t line = file.Any("range", random);
+       PutBefore(file, line, "prefix6 2001:db8:e00:: 2001:db8:eff:: /48;");
+       return PutBefore(file, line + 1, "prefix6 2001:db8:e80:: 2001:db8:fff:: /48;");
+     }},
+    {"prefix-pool-with-addresses", In::kDhcp6,
+     [](File& file, Random& /*random*/) {
+       return PutBefore(file, file.All("range")[0], "prefix6 2001:db8:1:: 2001:db8:1:: /121;") + 1;
+     }},
+    {"lease-times-at-odds", In::kAny,
+     [](File& file, Random& /*random*/) {
+       return SetValue(file, file.All("default-lease-time")[0], "10000");
+     }},
+
+    // Names.
+    {"undeclared-class", In::kAny,
+     [](File& file, Random& random) {
+       return Replace(file, file.Any("allow", random), "phones", "faxes");
+     }},
+    {"undeclared-failover-peer", In::kDhcp4,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("allow", random), "failover peer \"two\";");
+     }},
+    {"undeclared-group", In::kAny,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("hardware", random), "group printers;");
+     }},
+    {"undeclared-key", In::kAny,
+     [](File& file, Random& random) {
+       return Replace(file, file.Any("key of zone", random), "updater", "other");
+     }},
+    {"option-before-definition", In::kAny,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("option definition", random), "option music \"early\";");
+     }},
+    {"unused-class", In::kAny,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random), "class \"spare\" { match hardware; }");
+     }},
+    {"unused-failover-peer", In::kDhcp4,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random),
+                        "failover peer \"two\" { primary; address 192.0.2.1; "
+                        "peer address 192.0.2.2; mclt 60; split 128; }");
+     }},
+    {"unused-group", In::kAny,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random), "group spare { min-lease-time 60; }");
+     }},
+    {"unused-key", In::kAny,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random),
+                        "key spare { algorithm hmac-sha256; secret \"c2VjcmV0\"; }");
+     }},
+    {"unused-option", In::kAny,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random), "option spare code 151 = text;");
+     }},
+    {"missing-include", In::kAny,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random), "include \"/nonexistent/hosts.conf\";");
      }},
 };
 

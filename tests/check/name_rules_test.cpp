@@ -33,7 +33,7 @@ TEST(FailoverPeer, IsDeclaredAndUsed) {
   ExpectFoundIn(kPeer + Pool("failover peer \"f\""), "");
   ExpectFoundIn(Pool("failover peer \"f\""), "1:78 undeclared-failover-peer\n");
   ExpectFoundIn(kPeer + Pool("failover peer \"F\""),
-                "1:1 unused-failover-peer\n2:78 undeclared-failover-peer\n");
+                "2:78 undeclared-failover-peer\n");
   ExpectFoundIn(kPeer + "include \"pools\";\n", "");
 }
 

@@ -48,7 +48,7 @@ TEST(Permissions, AreKnownByTheirNames) {
       {"allow unknown-clients on;\n", "1:23 surplus-value\n"},
       {"deny members of \"a\";\n", "1:1 misplaced-statement\n"},
   };
-  ExpectFound(cases);
+  ExpectFound(cases, ByItself());
 }
 
 TEST(Places, AreThoseOfTheTableOfWords) {
@@ -65,7 +65,7 @@ TEST(Places, AreThoseOfTheTableOfWords) {
       {"use-eui-64 true;\n", "1:1 misplaced-statement\n"},
       {"define f(a) { max-lease-time 5; }\n", ""},
   };
-  ExpectFound(cases);
+  ExpectFound(cases, ByItself());
 }
 
 TEST(Places, DependOnTheFamily) {
@@ -90,7 +90,7 @@ TEST(Blocks, HaveTheFormOfTheirKeyword) {
       {"switch (known) {\n  case 1\n  max-lease-time 5;\n}\n", "2:3 label-without-colon\n"},
       {"switch (known) {\n  case 1:\n  max-lease-time 5;\n}\n", ""},
   };
-  ExpectFound(cases);
+  ExpectFound(cases, ByItself());
 }
 
 TEST(Options, AreThoseOfTheServerAndOfTheFile) {
@@ -116,15 +116,16 @@ TEST(Definitions, HaveANumberAndATypeThatThereIs) {
   const CheckCase cases[] = {
       {"option a code 200 = array of { ip-address, integer 8 };\n", ""},
       {"option a code 200 = domain-list compressed;\noption b code 201 = encapsulate dhcp;\n", ""},
-      {"option a code 200 =\n  { unsigned integer 32, array of text };\n", ""},
+      {"option a code 200 =\n  { unsigned integer 32, array of boolean };\n", ""},
       {"option a code x = text;\n", "1:15 malformed-definition\n"},
       {"option a code 200 text;\n", "1:15 malformed-definition\n"},
       {"option a code 200 = song;\n", "1:21 malformed-definition\n"},
+      {"option a code 200 = array of text;\n", "1:30 malformed-definition\n"},
       {"option a code 200 = integer;\n", "1:21 malformed-definition\n"},
       {"option a code 200 = unsigned text;\n", "1:30 malformed-definition\n"},
       {"option a code 200 = array of array of text;\n", "1:30 malformed-definition\n"},
   };
-  ExpectFound(cases);
+  ExpectFound(cases, ByItself());
 }
 
 TEST(HardwareAddresses, AreThoseOfOneHostOfANetwork) {

@@ -2,6 +2,7 @@
 // reason to remember where things stand.
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <list>
 #include <memory>
 #include <string>
@@ -191,6 +192,27 @@ TYPED_TEST(ByHand, NullsInTheListsArePassedOver) {
   lines.insert(lines.begin(), nullptr);
   EXPECT_EQ(this->HostWith("@ip2"), "b");
   EXPECT_TRUE(this->HasHost("c"));
+}
+
+TYPED_TEST(ByHand, WalkGoesOnBehindABlockInTheListOfTheParentThatItNames) {
+  auto* const subnet = this->Node("@header1");
+  auto* const moved = this->Node("host d");
+  moved->section.SetName("group");
+  moved->parent->children->remove(moved);
+  subnet->children->insert(std::next(subnet->children->begin()), moved);
+  EXPECT_EQ(this->NextAfter(SECTION_HOST, "a"), "miss");  // its parent is left as it was
+  moved->parent = subnet;
+  EXPECT_EQ(this->NextAfter(SECTION_HOST, "a").substr(0, 8), "3 | 0=b ");
+}
+
+TYPED_TEST(ByHand, ParentOfTheTopmostNodePlaysNoPart) {
+  auto* const root = this->Node("TREE_ROOT_SECTION");
+  root->parent->parent = root;
+  this->scratch_.Write("dhcpd.conf", this->Text("@header1 {\n}\n}\n}\n@header2 {\n}\n"));
+  auto* const top = root->parent;
+  ASSERT_TRUE(this->Conf().Open());
+  EXPECT_EQ(top->children->size(), 2U);
+  EXPECT_EQ(top->children->back()->section.GetName(), this->Text("@header2"));
 }
 
 TYPED_TEST(ByHand, TopmostNodeLeadsIntoTheTreeAfterAnotherOpenToo) {

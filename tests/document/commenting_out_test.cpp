@@ -483,5 +483,16 @@ TEST_P(CommentingOut, StatementsAndBlocksWithBlanksBehindThem) {
   }
 }
 
+TEST_P(CommentingOut, WhatIsOnALineOfItsOwnNowStaysThereWhenANeighbourGoes) {
+  Given("max-lease-time 60; authoritative;\n");
+  Node minimum;
+  Edit([&] {
+    minimum = Root().Add("min-lease-time 60;", Placement::After(Root().Child("max-lease-time")));
+  });
+  Edit([&] { Root().Child("authoritative").CommentOut(); });
+  Edit([&] { minimum.Remove(); });
+  EXPECT_EQ(Text(), "max-lease-time 60;\n# authoritative;\n");
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/document/document_test.h"
+#include "tests/support/document_tree.h"
 
 namespace klepur::test {
 namespace {
@@ -768,6 +769,35 @@ TEST_P(Comments, BlankLinesDoNotComeToStandAtTheEndOfAFile) {
       "max-lease-time 600;\n");
   Edit([&] { Root().Child("max-lease-time").Remove(); });
   EXPECT_EQ(Text(), "filename \"a\";\n");
+}
+
+TEST_P(Comments, SemicolonBehindTheCommentOfAKeyGoesWithTheKey) {
+  Given(
+      "key a { secret aGk=; }\n"
+      "key b { secret aGk=; } # spare\n"
+      ";\n"
+      "authoritative;\n");
+  EXPECT_EQ(FindingsText(Doc()), "");
+  Edit([&] { Root().Add("key c { secret aGk=; }"); });
+  EXPECT_EQ(Text(),
+            "key a { secret aGk=; }\n"
+            "key b { secret aGk=; } # spare\n"
+            ";\n"
+            "key c { secret aGk=; }\n"
+            "authoritative;\n");
+  Edit([&] { Find("key c").Remove(); });
+  EXPECT_EQ(Text(), First());
+  Node key = Find("key b");
+  Edit([&] { key.CommentOut(); });
+  EXPECT_EQ(Text(),
+            "key a { secret aGk=; }\n"
+            "# key b { secret aGk=; } # spare\n"
+            "# ;\n"
+            "authoritative;\n");
+  Edit([&] { key.BringBack(); });
+  EXPECT_EQ(Text(), First());
+  Edit([&] { key.Remove(); });
+  EXPECT_EQ(Text(), "key a { secret aGk=; }\nauthoritative;\n");
 }
 
 }  // namespace

@@ -52,7 +52,27 @@ TEST_P(Findings, StandOnTheByteTheyAreAbout) {
       {"option domain-name \"a;\n", "1:20 error unclosed quote\n"},
       {"# \"\noption domain-name \"a;\nauthoritative;\n", "2:20 error unclosed quote\n"},
       {"option domain-name \"a\\\";\n", "1:20 error unclosed quote\n"},
+      {"log \"a\n\".b;\n", "1:5 error unclosed quote\n"},
+      {"log \"a\n\"\"b;\n", "1:5 error unclosed quote\n"},
+      {"log \"a\n\"\xE4;\n", "1:5 error unclosed quote\n"},
+      // Blocks that are not there.
+      {"host a;\n", "1:7 error missing block\n"},
+      {"if known\n  max-lease-time 7200;\n", "2:3 error missing block\n"},
+      {"if known max-lease-time 7200;\n", "1:29 error missing block\n"},
+      {"if known { } else filename \"a\";\n", "1:31 error missing block\n"},
+      // A statement in another one's line.
+      {"hardware ethernet 0:0:0:0:0:1 fixed-address 10.0.0.1;\n", "1:31 error missing semicolon\n"},
+      {"range 10.0.0.1 10.0.0.2 option routers 10.0.0.9;\n", "1:25 error missing semicolon\n"},
+      {"option routers 10.0.0.9 OPTION domain-name \"a\";\n", "1:25 error missing semicolon\n"},
+      {"authoritative option routers 10.0.0.9;\n", "1:15 error missing semicolon\n"},
       // Not wrong.
+      {"option host-name range;\noption routers a, range;\nnext-server range;\n", ""},
+      {"option domain-name = option x;\nmatch if option x = option y;\n", ""},
+      {"host-identifier option dhcp6.client-id 0:1;\n", ""},
+      {"host a { group b; }\n", ""},
+      {"pool { no failover peer range 10.0.0.1; }\n", ""},
+      {"pool {\n  NO failover # c\n  peer\n  range 10.0.0.1;\n}\n", ""},
+      {"pool { no failover peer; }\n", "1:24 error empty statement\n"},
       {"option domain-name \"a\n}\n\";\n", ""},
       {"# }\n# {\n# ;\n# \"\n", ""},
       {"option x code 200 = { text };\n", ""},
@@ -103,6 +123,49 @@ TEST_P(Findings, UnclosedBlockIsToldAtItsBrace) {
   EXPECT_EQ(Codes(), "unclosed block");
   EXPECT_EQ(Doc().Findings()[0].where, (Position{1, 39}));
   EXPECT_EQ(Find("host b").FirstChild().Value(), "10.0.0.6");
+}
+
+TEST_P(Findings, UnclosedBlockSeemsToEndBeforeWhatIsNotDeeper) {
+  Given(
+      "group {\n"
+      "  host a {\n"
+      "    fixed-address 10.0.0.1;\n"
+      "\n"
+      "  host b { fixed-address 10.0.0.2; }\n");
+  EXPECT_EQ(FindingsText(Doc()),
+            "1:7 error unclosed block\n"
+            "2:10 error unclosed block\n"
+            "5:3 note block seems to end\n"
+            "5:36 note end in block\n"
+            "5:36 note end in block\n");
+}
+
+TEST_P(Findings, BlockThatTookTheBraceOfAnotherSeemsToEndBeforeThat) {
+  Given(
+      "group {\n"
+      "  host a {\n"
+      "    fixed-address 10.0.0.1;\n"
+      "\n"
+      "  host b { fixed-address 10.0.0.2; }\n"
+      "}\n");
+  EXPECT_EQ(FindingsText(Doc()),
+            "1:7 error unclosed block\n"
+            "5:3 note block seems to end\n"
+            "6:1 note end in block\n");
+  Given(
+      "group {\n"
+      "  host a {\n"
+      "    fixed-address 10.0.0.1;\n"
+      "}\n");
+  EXPECT_EQ(FindingsText(Doc()),
+            "1:7 error unclosed block\n"
+            "4:1 note block seems to end\n"
+            "4:1 note end in block\n");
+}
+
+TEST_P(Findings, ValueThatIsNotClosedIsToldWhereItEnds) {
+  Given("option x code 200 = {\n  integer 8, text ;\nauthoritative;\n");
+  EXPECT_EQ(FindingsText(Doc()), "2:19 error unclosed value\n");
 }
 
 TEST_P(Findings, EachUnclosedBlockIsTold) {

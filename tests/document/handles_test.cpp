@@ -186,5 +186,19 @@ TEST_P(Handles, TellTheTextOfTheirNodeWithoutItsComments) {
   EXPECT_EQ(b.Value(), "");
 }
 
+TEST(HandlesOfChildren, OfWhatWasBelowABlockAreGoneWhenItComesBackAsAnother) {
+  Document document("host a {\n  fixed-address 10.0.0.1;\n  next-server 10.0.0.2;\n}\n");
+  Node host = document.Find("host a");
+  const Node address = host.Child("fixed-address");
+  const Node server = host.Child("next-server");
+  host.CommentOut();
+  host.Next().Remove();
+  host.BringBack();
+  EXPECT_EQ(document.Text(), "host a {\n  next-server 10.0.0.2;\n}\n");
+  EXPECT_TRUE(address.IsGone());
+  EXPECT_TRUE(server.IsGone());
+  EXPECT_EQ(host.Child("next-server").Value(), "10.0.0.2");
+}
+
 }  // namespace
 }  // namespace klepur::test

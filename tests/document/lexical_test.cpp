@@ -178,5 +178,25 @@ TEST_P(Lexical, QuotedTextIsReadAsOneString) {
   EXPECT_FALSE(Root().FirstChild().Next());
 }
 
+TEST_P(Lexical, NoFailoverPeerEndsAtItsLastWord) {
+  Given(
+      "pool {\n"
+      "  no failover peer\n"
+      "  range 10.0.0.10 10.0.0.20;\n"
+      "}\n");
+  Node pool = Find("pool");
+  EXPECT_EQ(pool.FirstChild().Text(), "no failover peer");
+  EXPECT_EQ(pool.Child("range").Value(), "10.0.0.10 10.0.0.20");
+  Edit([&] { pool.Add("allow unknown-clients;", Placement::First()); });
+  Edit([&] { pool.FirstChild().Next().Remove(); });
+  Edit([&] { pool.Add("no failover peer", Placement::Last()); });
+  EXPECT_EQ(Text(),
+            "pool {\n"
+            "  allow unknown-clients;\n"
+            "  range 10.0.0.10 10.0.0.20;\n"
+            "  no failover peer\n"
+            "}\n");
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -143,5 +143,18 @@ TEST_P(List, LosesItsLastElementBeforeAnotherStatement) {
   EXPECT_EQ(Root().Child("filename").Value(), "\"a\"");
 }
 
+TEST_P(List, WhatWasAppendedIsTakenOutAgainBeforeAComment) {
+  Given(
+      "option routers 10.0.0.1,\n"
+      "    10.0.0.2 # the last\n"
+      "  ;\n");
+  Node routers = Root().Child("option routers");
+  Edit([&] {
+    routers.AppendToList("10.0.0.3");
+    EXPECT_TRUE(routers.RemoveFromList("10.0.0.3"));
+  });
+  EXPECT_EQ(Text(), First());
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -220,5 +220,15 @@ TEST_P(Lookup, FamilyFollowsTheEdits) {
   EXPECT_EQ(Doc().GetFamily(), Family::kUnknown);
 }
 
+TEST_P(Lookup, PlacesInALongLine) {
+  const std::string longer = "filename \"" + std::string(3000, 'a') + "\";";
+  Given("authoritative;\n  " + longer + " host a { }\nhost b { }\n");
+  EXPECT_EQ(Find("host a").Begin(), (Position{2, 3 + longer.size() + 1}));
+  EXPECT_EQ(Find("host b").Begin(), (Position{3, 1}));
+  Edit([&] { Root().Child("filename").SetValue('"' + std::string(4000, 'b') + '"'); });
+  EXPECT_EQ(Find("host a").Begin(), (Position{2, 3 + longer.size() + 1001}));
+  EXPECT_EQ(Find("host b").Begin(), (Position{3, 1}));
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -410,5 +410,32 @@ TEST_P(Moving, WhatOpenedABlockOutAndBack) {
   EXPECT_EQ(Text(), First());
 }
 
+TEST_P(Moving, LinesOfABlockThatBeginsWithinALineComeBackAsTheyWere) {
+  Given(
+      "group {host a {\n"
+      "  }authoritative;}\n"
+      "group { option x \"x\"; host b {\n"
+      "          filename \"b\n"
+      "  c\";\n"
+      "    # why\n"
+      "\n"
+      "\tnext-server 10.0.0.1;\n"
+      "  } option y \"y\"; }\n");
+  Node a = Find("host a");
+  Node group = a.Parent();
+  Edit([&] {
+    a.MoveTo(Root());
+    a.MoveTo(group, Placement::First());
+  });
+  EXPECT_EQ(Text(), First());
+  Node b = Find("host b");
+  group = b.Parent();
+  Edit([&] {
+    b.MoveTo(Root());
+    b.MoveTo(group, Placement::After(group.Child("option x")));
+  });
+  EXPECT_EQ(Text(), First());
+}
+
 }  // namespace
 }  // namespace klepur::test

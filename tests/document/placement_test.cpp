@@ -251,5 +251,28 @@ TEST_P(Placing, InAFileWithBlocksOnly) {
             "host b { fixed-address 10.0.0.2; }\n");
 }
 
+TEST_P(Placing, BehindTheLastOfItsKindThatIsNotCommentedOut) {
+  Given("host a { next-server 10.0.0.1; }\nauthoritative;\n");
+  Node b;
+  Edit([&] { b = Root().Add("host b { next-server 10.0.0.1; }"); });
+  Edit([&] { b.CommentOut(); });
+  Edit([&] { Root().Add("host c { next-server 10.0.0.1; }"); });
+  EXPECT_EQ(Text(),
+            "host a { next-server 10.0.0.1; }\n"
+            "host c { next-server 10.0.0.1; }\n"
+            "# host b { next-server 10.0.0.1; }\n"
+            "authoritative;\n");
+  Edit([&] {
+    b.BringBack();
+    Root().Add("host d { next-server 10.0.0.1; }");
+  });
+  EXPECT_EQ(Text(),
+            "host a { next-server 10.0.0.1; }\n"
+            "host c { next-server 10.0.0.1; }\n"
+            "host b { next-server 10.0.0.1; }\n"
+            "host d { next-server 10.0.0.1; }\n"
+            "authoritative;\n");
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -236,5 +236,36 @@ TEST_P(Setting, SubnetIsRenamedInItsWords) {
   EXPECT_EQ(Text(), First());
 }
 
+TEST_P(Setting, NoBlankComesToStandBeforeTheEnd) {
+  Given("host a { fixed-prefix6 2001:db8::/64; }\n");
+  Node host = Find("host a");
+  Edit([&] { host.Child("fixed-prefix6").SetValue("  2001:db8:1::/64 \n"); });
+  EXPECT_EQ(Text(), "host a { fixed-prefix6 2001:db8:1::/64; }\n");
+  Edit([&] { host.Set("fixed-prefix6 2001:db8:2::/64 ;"); });
+  EXPECT_EQ(Text(), "host a { fixed-prefix6 2001:db8:2::/64; }\n");
+  Edit([&] { host.Add("fixed-prefix6 2001:db8:3::/64\n  ;"); });
+  Edit([&] { host.Add("fixed-prefix6 2001:db8:4::/64 "); });
+  EXPECT_EQ(Text(),
+            "host a {\n"
+            "\tfixed-prefix6 2001:db8:2::/64;\n"
+            "\tfixed-prefix6 2001:db8:3::/64;\n"
+            "\tfixed-prefix6 2001:db8:4::/64;\n"
+            "}\n");
+}
+
+TEST_P(Setting, BlockIsRenamedAndRenamedBackAmongComments) {
+  Given(
+      "host # which\n"
+      "  a # formerly b\n"
+      "{ fixed-address 10.0.0.1; }\n");
+  Edit([&] { Find("host a").Rename("c"); });
+  EXPECT_EQ(Text(),
+            "host # which\n"
+            "  c # formerly b\n"
+            "{ fixed-address 10.0.0.1; }\n");
+  Edit([&] { Find("host c").Rename("a"); });
+  EXPECT_EQ(Text(), First());
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -107,6 +107,9 @@ TEST_F(FamilyLinks, NextSiblingHoldingFindsTheNextOneOnly) {
   EXPECT_EQ(NextSiblingHolding(*later, "subnet "), nullptr);
   EXPECT_EQ(NextSiblingHolding(*network_, "netmask"), subnet_);
   EXPECT_EQ(NextSiblingHolding(*network_, "HOST "), nullptr);
+  subnet_->parent = network_;
+  EXPECT_EQ(NextSiblingHolding(*network_, "host "), nullptr);
+  EXPECT_EQ(NextSiblingHolding(*network_, "netmask"), subnet_);
 }
 
 // ---- Unlink ----

@@ -83,7 +83,7 @@ TEST_P(DocumentDepth, BlocksThatNothingClosesAreOneFindingEachAndANote) {
   OnTheStack([] {
     const Document document(Repeated("group {\n", kDeep));
     const std::vector<Finding> findings = document.Findings();
-    ASSERT_EQ(findings.size(), 2 * kDeep);
+    ASSERT_EQ(findings.size(), 2 * kDeep + 1);
     EXPECT_EQ(findings.front().code, FindingCode::kUnclosedBlock);
     EXPECT_EQ(findings.front().where, (Position{1, 7}));
     EXPECT_EQ(findings.back().where.line, kDeep);

@@ -154,5 +154,30 @@ TEST(DocumentComments, RunThatLooksLikeStatementsIsLookedThroughOnce) {
   ExpectSame(document.Text(), comments + "host b {\n}\n");
 }
 
+TEST(DocumentComments, EachOfALongRunIsAskedAboutAndBroughtBack) {
+  constexpr std::size_t kHosts = 30'000 / kPart;
+  Document document(Repeated("# host a { }\n", kHosts));
+  std::vector<Node> disabled;
+  for (const Node& comment : document.Root().Children()) {
+    if (comment.IsDisabled()) disabled.push_back(comment);
+  }
+  ASSERT_EQ(disabled.size(), kHosts);
+  for (Node& host : disabled) host.BringBack();
+  ExpectSame(document.Text(), Repeated("host a { }\n", kHosts));
+}
+
+TEST(DocumentLines, AreToldBetweenEdits) {
+  constexpr std::size_t kHosts = 30'000 / kPart;
+  Document document(Repeated("host a { next-server 10.0.0.1; }\n", kHosts));
+  std::size_t line = 0;
+  for (Node host : document.Root().Children()) {
+    host.Set("next-server", "10.0.0.2");
+    ++line;
+    ASSERT_EQ(host.Begin().line, line);
+    ASSERT_EQ(document.At(line), host);
+  }
+  EXPECT_EQ(line, kHosts);
+}
+
 }  // namespace
 }  // namespace klepur::test

@@ -258,6 +258,21 @@ TEST(Network, GivesHostsInTheOrderOfTheText) {
   EXPECT_EQ(NamesOf(network.HostsByAddress("10.0.0.1")), "c b a");
 }
 
+TEST(Network, FindsHostsWhoseNamesHaveTheSameHash) {
+  const Document document(
+      "host a { option host-name pc71201; }\n"
+      "host b { option host-name pc110890; }\n"
+      "host pc33509 { }\n"
+      "host pc72456 { }\n");
+  const Network network(document);
+  for (int times = 0; times < 2; ++times) {
+    EXPECT_EQ(NamesOf(network.HostsByHostName("pc71201")), "a");
+    EXPECT_EQ(NamesOf(network.HostsByHostName("pc110890")), "b");
+    EXPECT_EQ(NamesOf(network.HostsByName("pc33509")), "pc33509");
+    EXPECT_EQ(NamesOf(network.HostsByName("pc72456")), "pc72456");
+  }
+}
+
 TEST(Network, GoesOnWhenItOrTheDocumentMoved) {
   Document document(kOffice);
   Network first(document);

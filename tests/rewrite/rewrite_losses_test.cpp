@@ -72,6 +72,11 @@ const Row kRows[] = {
     {"a comment with a semicolon behind a brace", "host a { # main; old\n  x 1;\n}\ny 2;\n",
      "1:1 one-line-block; 4:1 behind-stray-brace"},
 
+    {"a block and the brace of another one", "group {\n  host a { x 1; } }\n",
+     "1:1 swallowed-brace; 2:3 one-line-block (note)"},
+    {"a block and the brace of another one before more", "group {\n  host a { x 1; } }\ny 2;\n",
+     "1:1 swallowed-brace; 2:3 one-line-block (note)"},
+
     // text without a semicolon
     {"text before a brace", "host a {\n  x 1\n}\ny 2;\n", "2:3 text-before-brace; 4:1 behind-text"},
     {"text before a block", "x 1\nhost a {\n}\n", "1:1 missing-semicolon; 2:1 behind-text"},

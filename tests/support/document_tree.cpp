@@ -93,12 +93,16 @@ std::string_view ToText(FindingCode code) {
   switch (code) {
     case FindingCode::kBranchWithoutIf:
       return "branch without if";
+    case FindingCode::kBlockSeemsToEnd:
+      return "block seems to end";
     case FindingCode::kByteOrderMark:
       return "byte order mark";
     case FindingCode::kEmptyStatement:
       return "empty statement";
     case FindingCode::kEndInBlock:
       return "end in block";
+    case FindingCode::kMissingBlock:
+      return "missing block";
     case FindingCode::kMissingHeader:
       return "missing header";
     case FindingCode::kMissingSemicolon:

@@ -20,7 +20,7 @@ class TypeReader {
 
   /// The word that is wrong; empty when none is. At the end of the text that is the last word.
   std::string_view Wrong() {
-    if (Take("array") && !Take("of")) return Here();
+    if (!ReadArray()) return Here();
     const bool right = Take("{") ? ReadRecord() : ReadType();
     return right && word_.empty() ? std::string_view() : Here();
   }
@@ -39,10 +39,15 @@ class TypeReader {
 
   std::string_view Here() const { return word_.empty() ? last_ : word_; }
 
+  /// "array of", if it is there. Texts have no end by which the server could tell them apart.
+  bool ReadArray() {
+    if (!Take("array")) return true;
+    return Take("of") && !EqualButForCase(word_, "text");
+  }
+
   bool ReadRecord() {
     do {
-      if (Take("array") && !Take("of")) return false;
-      if (!ReadType()) return false;
+      if (!ReadArray() || !ReadType()) return false;
     } while (Take(","));
     return Take("}");
   }

@@ -26,6 +26,17 @@ constexpr Naming kNamings[] = {
     {"zone", Quotes::kMustNot},
 };
 
+/// Whether a header's words are those of most: one name without quotes, and nothing else.
+bool IsPlainName(std::string_view value) {
+  std::size_t at = 0;
+  while (at != value.size() && value[at] == ' ') ++at;
+  const std::size_t begin = at;
+  while (at != value.size() && (IsWordByte(value[at]) || value[at] == '.')) ++at;
+  const bool named = at != begin;
+  while (at != value.size() && value[at] == ' ') ++at;
+  return named && at == value.size();
+}
+
 const Naming* NamingOf(const Item& item) {
   if (item.word == nullptr) return nullptr;
   const auto* const found =
@@ -43,6 +54,7 @@ bool HasMore(std::string_view name, std::string_view word, const Naming& naming)
 }  // namespace
 
 void MalformedName(const Item& item, const Facts& /*facts*/, Report& report) {
+  if (EqualButForCase(item.first, "host") && IsPlainName(item.value)) return;
   const Naming* const naming = NamingOf(item);
   if (naming == nullptr) return;
   const std::string block(naming->block);

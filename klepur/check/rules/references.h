@@ -31,8 +31,8 @@ inline std::string Spelled(std::string_view name, Case letters) {
 /// How many bytes of the text stand before a node.
 inline std::size_t OffsetOf(const DocumentState& state, NodeId id) {
   const std::lock_guard<std::mutex> lock(state.lazy);
-  state.positions.Update(state.text, state.edits);
-  return state.positions.OffsetOf(state.Begin(id));
+  state.positions.Update(state.text);
+  return state.positions.OffsetOf(state.text, state.Begin(id));
 }
 
 /// The first declaration of each name.
@@ -75,11 +75,13 @@ inline void ReportUndeclared(const Facts& facts, const std::vector<NamedFact>& u
   }
 }
 
-/// Reports each whole declaration of a name that nothing uses. An included file may use it.
+/// Reports each whole declaration of a name that nothing uses. An included file may use it, and so may a
+/// statement that is malformed.
 inline void ReportUnused(const Facts& facts, const std::vector<NamedFact>& declarations,
                          const std::vector<const std::vector<NamedFact>*>& uses, Case letters,
                          std::string_view what, Report& report) {
   if (declarations.empty() || !facts.includes.empty()) return;
+  if (report.HasErrors() || facts.state.malformed) return;
   std::unordered_set<std::string> used;
   for (const std::vector<NamedFact>* const some : uses) {
     for (const NamedFact& use : *some) used.insert(Spelled(use.name, letters));

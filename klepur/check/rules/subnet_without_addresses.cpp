@@ -7,6 +7,7 @@ namespace klepur::internal {
 
 void SubnetWithoutAddresses(const Facts& facts, Report& report) {
   if (!facts.includes.empty()) return;  // which can hold ranges and hosts
+  if (report.HasErrors() || facts.state.malformed) return;
   std::unordered_set<NodeId> served;
   const auto serve = [&](const klepur::Address& address) {
     if (const SubnetFact* const subnet = facts.subnet_table.Around(address))

@@ -1,6 +1,6 @@
 // Internal: keeping a table of nodes true while the document is edited.
-#ifndef KLEPUR_NETWORK_UPKEEP_H
-#define KLEPUR_NETWORK_UPKEEP_H
+#ifndef KLEPUR_DOCUMENT_UPKEEP_H
+#define KLEPUR_DOCUMENT_UPKEEP_H
 
 #include <klepur/document/changed_nodes.h>
 
