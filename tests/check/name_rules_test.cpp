@@ -32,8 +32,7 @@ const std::string kPeer =
 TEST(FailoverPeer, IsDeclaredAndUsed) {
   ExpectFoundIn(kPeer + Pool("failover peer \"f\""), "");
   ExpectFoundIn(Pool("failover peer \"f\""), "1:78 undeclared-failover-peer\n");
-  ExpectFoundIn(kPeer + Pool("failover peer \"F\""),
-                "2:78 undeclared-failover-peer\n");
+  ExpectFoundIn(kPeer + Pool("failover peer \"F\""), "2:78 undeclared-failover-peer\n");
   ExpectFoundIn(kPeer + "include \"pools\";\n", "");
 }
 

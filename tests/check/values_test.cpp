@@ -105,9 +105,7 @@ TEST(Values, AddressesAndPrefixesOfIPv6) {
       {"subnet6 2001:db8::1/64 { }\n", "1:9 host-bits\n"},
   };
   for (const auto& [text, found] : cases) {
-    EXPECT_EQ(Found(text, {Family::kDhcp6, {"subnet-without-addresses"}}),
-              found)
-        << text;
+    EXPECT_EQ(Found(text, {Family::kDhcp6, {"subnet-without-addresses"}}), found) << text;
   }
 }
 

@@ -84,7 +84,8 @@ std::string FindingsText(const Document& document) {
   std::string text;
   for (const Finding& finding : document.Findings()) {
     text += std::to_string(finding.where.line) + ":" + std::to_string(finding.where.column) + " " +
-            std::string(klepur::ToText(finding.severity)) + " " + std::string(ToText(finding.code)) + "\n";
+            std::string(klepur::ToText(finding.severity)) + " " +
+            std::string(ToText(finding.code)) + "\n";
   }
   return text;
 }
