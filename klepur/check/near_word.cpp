@@ -35,8 +35,8 @@ std::vector<std::string_view> OptionNames() {
 std::size_t LettersBetween(std::string_view one, std::string_view other, std::size_t most) {
   const std::size_t longer = std::max(one.size(), other.size());
   if (longer > kLongestWord || longer - std::min(one.size(), other.size()) > most) return most + 1;
-  std::size_t
-      rows[3][kLongestWord + 1];  // of the table of distances: two before, one before, this one
+  // Of the table of distances: two before, one before, this one.
+  std::size_t rows[3][kLongestWord + 1] = {};
   for (std::size_t j = 0; j <= other.size(); ++j) rows[0][j] = j;
   for (std::size_t i = 1; i <= one.size(); ++i) {
     std::size_t* const now = rows[i % 3];
