@@ -19,10 +19,14 @@ namespace klepur {
 
 template <class Vocabulary>
 ConfigFile<Vocabulary>::ConfigFile()
-    : holder(nullptr), parser(nullptr), currentNetwork(nullptr), currentSubnet(nullptr), isRead(0) {
+    : holder(nullptr),
+      parser(nullptr),
+      currentNetwork(nullptr),
+      currentSubnet(nullptr),
+      isRead(0),
+      read_(std::make_unique<internal::FileState>()) {
   auto newHolder = std::make_unique<CfSectionHolder>();
   index_ = std::make_unique<internal::TreeIndex>(newHolder->topNode);
-  read_ = std::make_unique<internal::FileState>();
   parser = new DhcpParser;
   holder = newHolder.release();
 }

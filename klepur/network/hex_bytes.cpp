@@ -11,12 +11,12 @@ namespace {
 constexpr std::array<signed char, 256> HexDigitTable() {
   std::array<signed char, 256> table = {};
   for (signed char& value : table) value = -1;
-  for (int digit = 0; digit != 10; ++digit) {
-    table[static_cast<std::size_t>('0' + digit)] = static_cast<signed char>(digit);
+  for (unsigned char digit = 0; digit != 10; ++digit) {
+    table[std::size_t{'0'} + digit] = static_cast<signed char>(digit);
   }
-  for (int digit = 0; digit != 6; ++digit) {
-    table[static_cast<std::size_t>('a' + digit)] = static_cast<signed char>(10 + digit);
-    table[static_cast<std::size_t>('A' + digit)] = static_cast<signed char>(10 + digit);
+  for (unsigned char digit = 0; digit != 6; ++digit) {
+    table[std::size_t{'a'} + digit] = static_cast<signed char>(10 + digit);
+    table[std::size_t{'A'} + digit] = static_cast<signed char>(10 + digit);
   }
   return table;
 }

@@ -2,11 +2,11 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <ctime>
 #include <utility>
 
 #include <klepur/storage/attributes.h>
@@ -49,8 +49,8 @@ std::string FreeNameFor(const std::string& target) {
 }  // namespace
 
 Backup::Backup(int file, const std::string& target, const std::string& path,
-               const std::string& name, bool locked) {
-  path_ = name.empty() ? FreeNameFor(target) : TargetOf(name, IfMissing::kMake);
+               const std::string& name, bool locked)
+    : path_(name.empty() ? FreeNameFor(target) : TargetOf(name, IfMissing::kMake)) {
   fresh_ = IsFree(path_);
   if (path_ == target || Names(path_, file)) {
     throw Error(ErrorCode::kFile, path + ": cannot make a backup: it would be the file itself");

@@ -100,7 +100,7 @@ class MiddleSearch {
     const std::ptrdiff_t up = Backward(k - 1);
     const bool by_new_line = up != kNowhere && up - k - Shift() >= 0;
     const std::ptrdiff_t right = Backward(k + 1);
-    const bool by_old_line = right != kNowhere && right > 0;
+    const bool by_old_line = right > 0;
     if (!by_new_line) return by_old_line ? right - 1 : kNowhere;
     return by_old_line ? std::min(up, right - 1) : up;
   }
@@ -121,7 +121,7 @@ class MiddleSearch {
     for (std::ptrdiff_t k = -steps; k <= steps; k += 2) {
       std::ptrdiff_t x = EnterBackward(k);
       const std::ptrdiff_t other = k + Shift();  // the same diagonal, counted from the start
-      while (x != kNowhere && x > 0 && x > other && old_[x - 1] == new_[x - other - 1]) --x;
+      while (x > 0 && x > other && old_[x - 1] == new_[x - other - 1]) --x;
       Backward(k) = x;
       if (x == kNowhere || Shift() % 2 != 0 || other < -steps || other > steps) continue;
       if (Forward(other) != kNowhere && x <= Forward(other)) return At(x, other);

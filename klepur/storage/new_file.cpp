@@ -1,7 +1,6 @@
 #include <klepur/storage/new_file.h>
 
 #include <fcntl.h>
-#include <stdio.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>

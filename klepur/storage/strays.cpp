@@ -4,11 +4,11 @@
 #include <fcntl.h>
 #include <sys/random.h>
 #include <sys/stat.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <ctime>
 #include <memory>
 #include <string_view>
 

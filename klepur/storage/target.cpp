@@ -1,11 +1,11 @@
 #include <klepur/storage/target.h>
 
 #include <fcntl.h>
-#include <limits.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <climits>
+#include <cstdlib>
 #include <memory>
 
 #include <klepur/storage/failure.h>
@@ -42,7 +42,7 @@ std::string NameOf(const std::string& target) {
 }
 
 std::string TargetOf(const std::string& path, IfMissing missing) {
-  const std::string real = RealPath(path);
+  std::string real = RealPath(path);
   if (!real.empty()) return real;
   const int reason = errno;
   const std::string name = NameOf(path);

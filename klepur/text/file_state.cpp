@@ -1,11 +1,12 @@
 #include <klepur/text/file_state.h>
 
+#include <fcntl.h>
+
+#include <ctime>
+
 #include <klepur/text/descriptor.h>
 #include <klepur/text/file_blocks.h>
 #include <klepur/text/uninterrupted.h>
-
-#include <fcntl.h>
-#include <time.h>
 
 namespace klepur::internal {
 namespace {
