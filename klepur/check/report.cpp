@@ -97,6 +97,12 @@ std::vector<CheckFinding> Report::Take() {
     return left.rule < right.rule;
   });
   if (!allowed_.empty()) DropAllowed();
+  // Reading the structure and reading a value may find the same.
+  const auto same = [](const Entry& left, const Entry& right) {
+    return left.rule == right.rule && left.finding.place.where == right.finding.place.where &&
+           left.finding.message == right.finding.message;
+  };
+  entries_.erase(std::unique(entries_.begin(), entries_.end(), same), entries_.end());
   std::vector<CheckFinding> findings;
   findings.reserve(entries_.size());
   for (Entry& entry : entries_) findings.push_back(std::move(entry.finding));

@@ -63,11 +63,14 @@ void ReportStructure(const Document& document, bool look, Report& report) {
     if (finding.code == FindingCode::kMissingSemicolon) {
       const StructureWord& word = WordOf(NumberOf(FirstWord(text)));
       const NodeId next = state.tree[finding.node].next;
+      const bool within = !state.tree[finding.node].unfinished;
       if (word.begins == Begins::kBlock || word.begins == Begins::kChain ||
           word.begins == Begins::kBranch) {
         continue;  // what is missing is its block
       }
-      if (next == kNoNode && state.tree[finding.node].parent != kRoot && IsLeftOver(text)) {
+      if (within) {
+        rule = "swallowed-statement";
+      } else if (next == kNoNode && state.tree[finding.node].parent != kRoot && IsLeftOver(text)) {
         rule = "text-before-brace";
         finding.message = "\"" + std::string(text) + "\" before the \"}\" is no whole statement";
       } else {
