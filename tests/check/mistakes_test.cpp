@@ -17,7 +17,7 @@ namespace {
 
 /// How many files each mistake is put into.
 std::size_t Files() {
-#if defined(KLEPUR_SANITIZED) || !defined(__OPTIMIZE__)
+#if defined(KLEPUR_SANITIZED) || !defined(NDEBUG)
   return 10;
 #else
   return 1000;
