@@ -2,9 +2,11 @@
 //
 //     compare_command PROGRAM FILE ROUNDS    PROGRAM is the built klepur
 //
-// What processes take is measured from outside: their processor time, user's and system's.
+// What processes take is measured from outside: their processor time, user's and system's. Beside the commands stand two
+// processes that do the least that an edit can: read the file and copy it, and read and save it with the library.
 #include <fcntl.h>
 #include <klepur/document/document.h>
+#include <klepur/storage/stored_file.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -83,6 +85,19 @@ int main(int argc, char** argv) {
     words.insert(words.end(), options.begin(), options.end());
     return InChild([&words] { Become(words); });
   };
+  const auto copy_it = [&] {
+    static_cast<void>(klepur::Document::Read(path));
+    std::filesystem::copy_file(path, copy.Path(),
+                               std::filesystem::copy_options::overwrite_existing);
+    const int file = open(copy.Path().c_str(), O_WRONLY);
+    Check(file != -1 && fsync(file) == 0, "the copy is on the disk");
+  };
+  const auto save_it = [&] {
+    klepur::StoredFile file = klepur::StoredFile::OpenLocked(copy.Path());
+    klepur::Document document = file.Read();
+    document.Root().Set("max-lease-time", std::to_string(count));
+    file.Save(document);
+  };
   const std::vector<Samples> samples = InTurn(
       rounds,
       {
@@ -95,6 +110,11 @@ int main(int argc, char** argv) {
           },
           [&] { return set({"--force"}); },
           [&] { return set({}); },
+          [&] { return InChild(copy_it); },
+          [&] {
+            ++count;
+            return InChild(save_it);
+          },
       });
   const std::string beside = "reading it into a document";
   const std::string size = Megabytes(static_cast<double>(std::filesystem::file_size(path)));
@@ -102,5 +122,7 @@ int main(int argc, char** argv) {
   PrintRow("klepur set --dry-run --force, one host", samples[2], beside, samples[0], 1.5);
   PrintRow("klepur set --force, one host, saved", samples[3], beside, samples[0], 1.5);
   PrintRow("klepur set, one host, checked and saved", samples[4], beside, samples[0], 1.5);
+  PrintRow("the least: reading, copying and fsync", samples[5], beside, samples[0], 0);
+  PrintRow("the least: StoredFile, read and save", samples[6], beside, samples[0], 0);
   return EXIT_SUCCESS;
 }

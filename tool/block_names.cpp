@@ -24,7 +24,7 @@ bool WantsQuotes(std::string_view name) {
 }  // namespace
 
 std::string NameOf(const Node& block) {
-  const std::string name = block.Name();
+  std::string name = block.Name();
   const std::string kind = block.Keyword();
   if (kind == "subnet" || kind == "subnet6") {
     if (const auto prefix = Prefix::ParseSubnet(name)) return prefix->Text();

@@ -105,7 +105,7 @@ std::vector<Command> LookingCommands() {
   };
 }
 
-std::vector<Command> EditingCommands() {
+std::vector<Command> ContentCommands() {
   return {
       {"add",
        "add a block",
@@ -155,6 +155,11 @@ std::vector<Command> EditingCommands() {
          "back to what holds around it"}},
        RunEdit,
        true},
+  };
+}
+
+std::vector<Command> PlaceCommands() {
+  return {
       {"disable",
        "comment out a block, or a statement of it",
        "What is disabled stays in its place as a comment; `list` shows disabled blocks, `enable` "
@@ -211,6 +216,11 @@ std::vector<Command> EditingCommands() {
        {{"klepur remove dhcpd.conf 'host pc-17'", "a host and its comments"}},
        RunEdit,
        true},
+  };
+}
+
+std::vector<Command> ScriptCommands() {
+  return {
       {"edit",
        "carry out many edits as one",
        "SCRIPT holds an edit a line, in the words of the command line without klepur and FILE: set "
@@ -276,6 +286,11 @@ std::vector<Command> FileCommands() {
        Printing(),
        {{"klepur diff dhcpd.conf.old dhcpd.conf", "from the old file to the new one"}},
        RunDiff},
+  };
+}
+
+std::vector<Command> OtherCommands() {
+  return {
       {"leases",
        "the records of a leases file",
        "Of a DHCPv4 or DHCPv6 server, in the order of the file: a server writes a new record for "
@@ -286,11 +301,6 @@ std::vector<Command> FileCommands() {
        Printing(),
        {{"klepur leases dhcpd.leases", "address, state, times, client and name"}},
        RunLeases},
-  };
-}
-
-std::vector<Command> OtherCommands() {
-  return {
       {"words",
        "the words of the configuration language",
        "Statements, options and declarations: what each is for, what follows it, where it may "
@@ -326,7 +336,8 @@ std::vector<Command> OtherCommands() {
 
 std::vector<Command> AllCommands() {
   std::vector<Command> all;
-  for (const auto& part : {LookingCommands(), EditingCommands(), FileCommands(), OtherCommands()}) {
+  for (const auto& part : {LookingCommands(), ContentCommands(), PlaceCommands(), ScriptCommands(),
+                           FileCommands(), OtherCommands()}) {
     all.insert(all.end(), part.begin(), part.end());
   }
   return all;

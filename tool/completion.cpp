@@ -295,8 +295,8 @@ std::string ValuedOptions(const Command& command) {
   return names;
 }
 
-/// The functions of fish that tell what can stand at the cursor, and print what an offer has.
-std::string FishFunctions() {
+/// The functions of fish that tell what stands before the cursor, and what can stand at it.
+std::string FishSourceFunctions() {
   std::string text =
       R"sh(# The arguments before the cursor, options and their values left out, a line each.
 function __klepur_arguments
@@ -344,7 +344,13 @@ function __klepur_offers
   test "$argv[1]" = (string replace -- ... '' "$sources[$place]")
 end
 
-# The words of a source, a line each.
+)sh";
+  return text;
+}
+
+/// The function of fish that prints what a source offers.
+std::string FishWordsFunction() {
+  std::string text = R"sh(# The words of a source, a line each.
 function __klepur_words
   switch $argv[1]
     case block
@@ -362,7 +368,8 @@ end
 }
 
 std::string FishScript() {
-  std::string text = "# Completion of klepur for fish.\n" + FishFunctions();
+  std::string text =
+      "# Completion of klepur for fish.\n" + FishSourceFunctions() + FishWordsFunction();
   const std::string none = "complete -c klepur -n __fish_use_subcommand";
   text += "complete -c klepur -f\n";
   text += "complete -c klepur -n '__klepur_offers file' -F\n";
