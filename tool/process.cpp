@@ -11,8 +11,6 @@
 
 #include <tool/problem.h>
 
-extern char** environ;
-
 namespace klepur::tool {
 namespace {
 
@@ -38,6 +36,7 @@ Ended RunProgram(const std::vector<std::string>& command) {
   int ends[2] = {-1, -1};
   if (pipe2(ends, O_CLOEXEC) != 0) ThrowCannot(command.front(), errno);
   std::vector<char*> words;
+  words.reserve(command.size() + 1);
   for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
   words.push_back(nullptr);
   posix_spawn_file_actions_t actions;

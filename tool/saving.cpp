@@ -44,7 +44,7 @@ klepur::Document EditedFile::Before() const {
   return file_ ? klepur::Document::Read(path_) : klepur::Document(input_);
 }
 
-void EditedFile::Replace(std::string text) {
+void EditedFile::Replace(const std::string& text) {
   is_replaced_ = text != document_.Text();
   document_ = klepur::Document(text);
 }

@@ -35,7 +35,7 @@ class EditedFile {
   /// What the document was when it was read. Not for a file that was replaced.
   const klepur::Document::Mark& AsRead() const { return as_read_; }
   /// Takes a new text instead of the document.
-  void Replace(std::string text);
+  void Replace(const std::string& text);
   /// Whether the text is another than what was read.
   bool IsChanged() const;
   /// How the file is called in messages.
