@@ -28,6 +28,11 @@ bool BeginsBefore(const DocumentState& state, NodeId id, TextAddress address) {
   return id < state.tree.Count() && state.tree[id].begin < address;
 }
 
+/// Whether it is what FirstFrom would find: pieces that are written in their order need no search.
+bool IsFirstFrom(const DocumentState& state, NodeId id, TextAddress address) {
+  return !BeginsBefore(state, id, address) && (id == 1 || state.tree[id - 1].begin < address);
+}
+
 bool AreSameWords(std::string_view left, std::string_view right) {
   if (left == right) return true;
   WordsOfText left_words(left);
@@ -66,9 +71,13 @@ NodeImages::NodeImages(const DocumentState& before, const DocumentState& after,
   image_[kRoot] = kRoot;
   source_[kRoot] = kRoot;
   NodeId node = 1;
-  for (std::size_t i = 0; i != rewriting.pieces.size(); ++i) {
+  NodeId image = 1;
+  for (std::uint32_t i = 0; i != rewriting.pieces.size(); ++i) {
     while (BeginsBefore(before, node, rewriting.pieces[i].source.begin)) ++node;
-    MatchPiece(i, node, FirstFrom(after, rewriting.pieces[i].written.begin));
+    if (!IsFirstFrom(after, image, rewriting.pieces[i].written.begin)) {
+      image = FirstFrom(after, rewriting.pieces[i].written.begin);
+    }
+    MatchPiece(i, node, image);
   }
   MatchStrays();
 }
@@ -86,7 +95,7 @@ void NodeImages::MatchStrays() {
   }
 }
 
-void NodeImages::MatchPiece(std::size_t piece, NodeId& node, NodeId image) {
+void NodeImages::MatchPiece(std::uint32_t piece, NodeId& node, NodeId& image) {
   const RewrittenPiece& bytes = rewriting_.pieces[piece];
   NodeId next_comment = node;
   NodeId next_other = node;

@@ -142,7 +142,7 @@ class NamesOfNode {
           Add(Thing("space", name.substr(0, dot)), OrderRole::kUses);
         }
       }
-      if (Is(words_, i, "config-option") && HasBranches()) {
+      if (Is(words_, i, "config-option")) {
         Add(In(Scope(), "value", Thing("option", name)), OrderRole::kUses);
       }
     }
@@ -187,18 +187,19 @@ class NamesOfNode {
   }
 
   void AddInclude() {
-    if (Is(words_, 0, "include")) Add("include", OrderRole::kSets);
+    if (!Is(words_, 0, "include")) return;
+    Add("include", OrderRole::kSets);
+    Add(In(Scope(), "included"), OrderRole::kSets);
   }
-
-  bool HasBranches() const { return all_.branching_.count(Scope()) != 0 || Scope() == kClasses; }
 
   void AddValue() {
     if (Is(words_, 0, "hardware") && words_.size() > 2) {
       Add(Thing("hardware", Small(words_[2])), OrderRole::kSets);
     }
-    if (!HasBranches() || words_.empty() || IsOfOneClass()) return;
-    Add(In(Scope(), "value", KeyOfValue(state_.OwnText(id_), words_)), OrderRole::kSets);
-    if (all_.includes_) Add("include", OrderRole::kUses);
+    if (words_.empty()) return;
+    const NodeId scope = IsOfOneClass() ? state_.tree[id_].parent : Scope();
+    Add(In(scope, "value", KeyOfValue(state_.OwnText(id_), words_)), OrderRole::kSets);
+    if (all_.includes_) Add(In(scope, "included"), OrderRole::kUses);
   }
 
   /// Whether a statement says what a class is, not what its clients get.
@@ -254,7 +255,7 @@ OrderNames::Words OrderNames::WordsOf(NodeId id) const {
 }
 
 void OrderNames::Survey(NodeId id) {
-  SurveyBranch(id);
+  if (IsBranch(id)) scope_[id] = ScopeAround(id);
   const std::string_view first = FirstWord(state_.OwnText(id));
   if (EqualButForCase(first, "class") && state_.IsBlock(id)) scope_[id] = kClasses;
   if (EqualButForCase(first, "include")) includes_ = true;
@@ -271,13 +272,11 @@ void OrderNames::Survey(NodeId id) {
 }
 
 /// What is set in a branch is set in the block around it.
-void OrderNames::SurveyBranch(NodeId id) {
-  if (!state_.IsBlock(id)) return;
+bool OrderNames::IsBranch(NodeId id) const {
+  if (!state_.IsBlock(id)) return false;
   const std::uint8_t number = state_.tree[id].word;
   const Begins begins = WordOf(number).begins;
-  if (begins != Begins::kChain && begins != Begins::kBranch && number != kWordSwitch) return;
-  scope_[id] = ScopeAround(id);
-  branching_.insert(scope_[id]);
+  return begins == Begins::kChain || begins == Begins::kBranch || number == kWordSwitch;
 }
 
 bool OrderNames::IsInSwitch(NodeId id) const {

@@ -46,13 +46,12 @@ class OrderNames {
   Words WordsOf(NodeId id) const;
   NodeId ScopeAround(NodeId id) const { return scope_[state_.tree[id].parent]; }
   void Survey(NodeId id);
-  void SurveyBranch(NodeId id);
+  bool IsBranch(NodeId id) const;
   bool IsInSwitch(NodeId id) const;
 
   const DocumentState& state_;
-  std::vector<NodeId> scope_;             ///< Where the values end up that are set in a block.
-  std::unordered_set<NodeId> branching_;  ///< The scopes that have branches.
-  std::unordered_set<NodeId> breaking_;   ///< The scopes that a "break" can end.
+  std::vector<NodeId> scope_;            ///< Where the values end up that are set in a block.
+  std::unordered_set<NodeId> breaking_;  ///< The scopes that a "break" can end.
   std::unordered_set<NodeId>
       authorities_;  ///< The blocks that say whether the server is authoritative.
   std::unordered_set<std::string> options_;    ///< Those that the text defines.

@@ -106,7 +106,7 @@ class LossFinder {
   }
 
   void CheckOneLineBlock(NodeId id) {
-    const std::size_t piece = images_.PieceOf(id);
+    const std::uint32_t piece = images_.PieceOf(id);
     if (images_.Written().pieces[piece].sort == RewrittenPiece::Sort::kHeader) return;
     if (images_.PieceOf(state_.tree[id].parent) != piece) one_line_blocks_.push_back(id);
   }
@@ -184,9 +184,9 @@ class LossFinder {
 
   /// A block is written with a "}" of its own, also when the one that it had is part of a line.
   void CheckSwallowedBraces() {
-    const std::vector<RewrittenPiece>& pieces = images_.Written().pieces;
+    const LargeArray<RewrittenPiece>& pieces = images_.Written().pieces;
     for (NodeId id = 1; id != state_.tree.Count(); ++id) {
-      const std::size_t piece = images_.PieceOf(id);
+      const std::uint32_t piece = images_.PieceOf(id);
       if (!state_.IsBlock(id) || state_.tree[id].unfinished || piece == NodeImages::kNoPiece)
         continue;
       if (pieces[piece].sort != RewrittenPiece::Sort::kHeader) continue;
@@ -246,9 +246,9 @@ std::vector<RewriteLoss> FindRewriteLosses(std::string_view text) {
   if (text.size() > internal::kMostBytes) {
     throw Error(ErrorCode::kTooLarge, "the text reaches 4 GiB");
   }
-  const internal::Rewriting rewriting = internal::Rewrite(text);
   internal::DocumentState before{internal::TextBuffer(text)};
-  const internal::DocumentState after{internal::TextBuffer(rewriting.text)};
+  internal::Rewriting rewriting = internal::Rewrite(before.text.View({0, before.text.BaseSize()}));
+  const internal::DocumentState after{std::move(rewriting.text)};
   const internal::NodeImages images(before, after, rewriting);
   std::vector<RewriteLoss> losses;
   for (const internal::Loss& loss : internal::LossFinder(images).Find()) {

@@ -1,214 +1,135 @@
 #include <klepur/rewrite/rewriting.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-#include <new>
-#include <stdexcept>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 #include <klepur/framework/tree_links.h>
-#include <klepur/parser/dhcp_parser.h>
+#include <klepur/rewrite/piece_reader.h>
 #include <klepur/text/error.h>
 #include <klepur/text/file_bytes.h>
+#include <klepur/text/large_memory.h>
 
 namespace klepur::internal {
 namespace {
 
 using Sort = RewrittenPiece::Sort;
 
-/// The number of a block that is not written.
-constexpr std::size_t kOutside = static_cast<std::size_t>(-1);
+constexpr std::string_view kBeforeName = "\n";
+constexpr std::string_view kBehindName = "\n{\n";
+constexpr std::string_view kBlockEnd = "}\n";
 
-class TextStream : public StreamIterator {
+/// What is named like the root section, wherever it stands, is written without its name and braces.
+bool HasBraces(const ReadBlock& block) {
+  return block.name != kRootName;
+}
+
+std::size_t HeaderSize(const ReadBlock& block) {
+  return HasBraces(block) ? kBeforeName.size() + block.name.size() + kBehindName.size() : 0;
+}
+
+/// How many bytes an entry takes.
+std::size_t EntrySize(const ReadPiece& piece) {
+  return (piece.sort == Sort::kComment ? 1 : 0) + piece.content.size() + 1;
+}
+
+/// Writes as DhcpParser does: of each block the header, the entries, the blocks in it, the end.
+class PieceWriter {
  public:
-  explicit TextStream(std::string_view text) : rest_(text) {}
+  explicit PieceWriter(const PieceReader& read)
+      : pieces_(read.Pieces()), blocks_(read.Blocks()), entries_(blocks_.size(), 0) {}
 
-  std::size_t Read(char* buffer, std::size_t size) override {
-    const std::size_t count = rest_.copy(buffer, size);
-    rest_.remove_prefix(count);
-    return count;
-  }
-
- private:
-  std::string_view rest_;
-};
-
-/// Where a block's own lines begin in the rewritten text, and the next of its entries.
-struct WrittenBlock {
-  std::size_t header;
-  std::size_t entries;
-  bool has_header;  ///< Not so for what is named like the root, wherever it stands.
-};
-
-/// One line each for what stands before it, the name and the "{".
-constexpr int kHeaderLines = 3;
-
-/// The parser, watched before each token: what it has stored since is made of the bytes since.
-class WatchedParser : public DhcpParser {
- public:
-  Rewriting Rewrite(std::string_view text) {
+  Rewriting Write() {
+    memory_.Grow(Measure() + kPadding, 0);
+    WriteBlocks();
     Rewriting result;
-    result.stopped = !Read(text);
-    result.text = Write();
-    if (result.text.size() > kMostBytes) {
-      throw Error(ErrorCode::kTooLarge, "the rewritten text reaches 4 GiB");
-    }
-    Place(result.text);
-    result.pieces = std::move(pieces_);
+    WriteEntries(result.pieces);
+    result.text = TextBuffer(std::move(memory_), size_);
     return result;
   }
 
  private:
-  class WatchedLexer : public CfLex {
-   public:
-    WatchedLexer(StreamIterator* source, WatchedParser& parser)
-        : CfLex(source, false), parser_(parser) {}
-
-    Token* GetToken() override {
-      parser_.Look();
-      Token* const token = CfLex::GetToken();
-      if (token != nullptr) parser_.PassOver(*token);
-      return token;
+  /// How many bytes there will be; and in each block's entries.
+  std::size_t Measure() {
+    for (const ReadPiece& piece : pieces_) {
+      if (piece.block == kOutside || piece.sort == Sort::kHeader) continue;
+      entries_[piece.block] += EntrySize(piece);
+      size_ += EntrySize(piece);
     }
-
-   private:
-    WatchedParser& parser_;
-  };
-
-  /// False when it stops at a NUL byte.
-  bool Read(std::string_view text) {
-    stream = new TextStream(text);
-    lexer = new WatchedLexer(stream, *this);
-    try {
-      DoParse(&tree_);
-    } catch (const std::runtime_error&) {
-      return false;
+    for (const ReadBlock& block : blocks_) {
+      size_ += HeaderSize(block) + (HasBraces(block) ? kBlockEnd.size() : 0);
     }
-    return true;
+    if (size_ > kMostBytes) throw Error(ErrorCode::kTooLarge, "the rewritten text reaches 4 GiB");
+    return size_;
   }
 
-  void PassOver(const Token& token) {
-    at_ += static_cast<TextAddress>(token.text.size());
-    closed_ = token.kind == TokenKind::kPunctuator && token.text[0] == '}';
-  }
-
-  void Look() {
-    if (currentNode == node_) {
-      if (node_->section.entryList.size() != entries_) Keep(EntrySort());
-    } else if (currentNode->parent == node_ || node_ == nullptr) {
-      Open();
-    } else {
-      open_.pop_back();
+  /// Writes headers and ends, and finds where the entries of each block begin.
+  void WriteBlocks() {
+    BlockNumber open = kOutside;
+    for (BlockNumber block = 0; block != blocks_.size(); ++block) {
+      for (; open != blocks_[block].parent; open = blocks_[open].parent) WriteEnd(open);
+      open = block;
+      WriteHeader(blocks_[block]);
+      end_ += std::exchange(entries_[block], end_);
     }
-    if (closed_ && lineBuffer.empty()) from_ = at_;
-    node_ = currentNode;
-    entries_ = node_->section.entryList.size();
+    for (; open != kOutside; open = blocks_[open].parent) WriteEnd(open);
   }
 
-  Sort EntrySort() const {
-    return node_->section.entryList.back()->GetComment() == nullptr ? Sort::kStatement
-                                                                    : Sort::kComment;
+  void WriteHeader(const ReadBlock& block) {
+    if (!HasBraces(block)) return;
+    Put(kBeforeName, end_);
+    Put(block.name, end_);
+    Put(kBehindName, end_);
   }
 
-  /// A block below the root is written, and so is the root: the first of all.
-  void Open() {
-    const bool written = node_ == nullptr || BlockNow() != kOutside;
-    open_.push_back(written ? blocks_++ : kOutside);
-    if (node_ != nullptr) Keep(Sort::kHeader);
+  void WriteEnd(BlockNumber block) {
+    if (HasBraces(blocks_[block])) Put(kBlockEnd, end_);
   }
 
-  std::size_t BlockNow() const { return open_.empty() ? kOutside : open_.back(); }
-
-  void Keep(Sort sort) {
-    pieces_.push_back({{from_, at_}, {}, sort});
-    block_of_piece_.push_back(BlockNow());
-    from_ = at_;
-  }
-
-  std::string Write() {
-    char* bytes = nullptr;
-    std::size_t size = 0;
-    outputFile = open_memstream(&bytes, &size);
-    if (outputFile == nullptr) throw std::bad_alloc();
-    try {
-      FirstChild(tree_.topNode)->TraverseDo(this, WriteHead, WriteEnd);
-    } catch (...) {
-      CloseOutput();
-      std::free(bytes);
-      throw;
-    }
-    const bool failed = std::ferror(outputFile) != 0;
-    CloseOutput();
-    if (failed || bytes == nullptr) {
-      std::free(bytes);
-      throw std::bad_alloc();
-    }
-    struct Free {
-      char* bytes;
-      ~Free() { std::free(bytes); }
-    } const free{bytes};
-    return {bytes, size};
-  }
-
-  static bool WriteHead(void* context, CfSection& section) {
-    auto& parser = *static_cast<WatchedParser*>(context);
-    parser.writeDepth = 0;  // never the level of the block: that is the indentation
-    const auto begin = static_cast<std::size_t>(std::ftell(parser.outputFile));
-    parser.heads_.push_back({begin, begin, section.GetName() != std::string_view(kRootName)});
-    return parser.WriteSection(section);
-  }
-
-  static bool WriteEnd(void* context, CfSection& section) {
-    auto& parser = *static_cast<WatchedParser*>(context);
-    parser.writeDepth = 1;
-    parser.WriteSectionEnd(section);
-    return true;
-  }
-
-  /// Says of each piece where it is written: entries in lines below each other, behind the header.
-  void Place(std::string_view text) {
-    for (WrittenBlock& head : heads_) {
-      for (int i = 0; head.has_header && i != kHeaderLines; ++i) {
-        head.entries = BehindLine(text, head.entries);
-      }
-    }
-    for (std::size_t i = 0; i != pieces_.size(); ++i) {
-      if (block_of_piece_[i] != kOutside) PlacePiece(text, pieces_[i], heads_[block_of_piece_[i]]);
+  void WriteEntries(LargeArray<RewrittenPiece>& pieces) {
+    pieces.reserve(pieces_.size());
+    for (const ReadPiece& piece : pieces_) {
+      pieces.push_back({piece.source, WrittenPlace(piece), piece.sort});
     }
   }
 
-  static void PlacePiece(std::string_view text, RewrittenPiece& piece, WrittenBlock& head) {
+  /// Where a piece is written. An entry is written now.
+  Span WrittenPlace(const ReadPiece& piece) {
+    if (piece.block == kOutside) return {};
+    std::size_t& place = entries_[piece.block];
+    std::size_t begin = place;
     if (piece.sort == Sort::kHeader) {
-      piece.written = {static_cast<TextAddress>(head.header),
-                       static_cast<TextAddress>(head.entries)};
-      return;
+      begin -= HeaderSize(blocks_[piece.block]);
+    } else {
+      if (piece.sort == Sort::kComment) Put("#", place);
+      Put(piece.content, place);
+      Put("\n", place);
     }
-    const std::size_t end = BehindLine(text, head.entries);
-    piece.written = {static_cast<TextAddress>(head.entries), static_cast<TextAddress>(end)};
-    head.entries = end;
+    return {static_cast<TextAddress>(begin), static_cast<TextAddress>(place)};
   }
 
-  static std::size_t BehindLine(std::string_view text, std::size_t at) {
-    return std::min(text.find('\n', at), text.size() - 1) + 1;
+  void Put(std::string_view bytes, std::size_t& place) {
+    bytes.copy(memory_.data() + place, bytes.size());
+    place += bytes.size();
   }
 
-  CfSectionHolder tree_;
-  Tree<CfSection>::TreeNode* node_ = nullptr;  // the current one when last looked
-  std::size_t entries_ = 0;                    // how many it had then
-  TextAddress at_ = 0;                         // how many bytes were read
-  TextAddress from_ = 0;                       // those from here on are of no piece yet
-  bool closed_ = false;                        // whether the last token was "}"
-  std::size_t blocks_ = 0;
-  std::vector<std::size_t> open_;  // the blocks around, by number in the order of their headers
-  std::vector<RewrittenPiece> pieces_;
-  std::vector<std::size_t> block_of_piece_;
-  std::vector<WrittenBlock> heads_;  // by number
+  const LargeArray<ReadPiece>& pieces_;
+  const LargeArray<ReadBlock>& blocks_;
+  std::vector<std::size_t> entries_;  ///< By block: the size, then the place of those not written.
+  std::size_t size_ = 0;
+  std::size_t end_ = 0;  ///< Of the headers and ends that are written.
+  LargeMemory memory_;
 };
 
 }  // namespace
 
 Rewriting Rewrite(std::string_view text) {
-  return WatchedParser().Rewrite(text);
+  PieceReader reader(text);
+  const bool whole = reader.Read();
+  Rewriting rewriting = PieceWriter(reader).Write();
+  rewriting.stopped = !whole;
+  return rewriting;
 }
 
 }  // namespace klepur::internal

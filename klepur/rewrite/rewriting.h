@@ -3,11 +3,11 @@
 #define KLEPUR_REWRITE_REWRITING_H
 
 #include <cstdint>
-#include <string>
 #include <string_view>
-#include <vector>
 
+#include <klepur/text/large_array.h>
 #include <klepur/text/piece_text.h>
+#include <klepur/text/text_buffer.h>
 
 namespace klepur::internal {
 
@@ -24,14 +24,19 @@ struct RewrittenPiece {
 };
 
 struct Rewriting {
-  std::string text;
-  std::vector<RewrittenPiece> pieces;  ///< In the order of the text that was read.
-  bool stopped = false;                ///< At a NUL byte, behind which nothing is read.
+  TextBuffer text;
+  LargeArray<RewrittenPiece> pieces;  ///< In the order of the text that was read.
+  bool stopped = false;               ///< At a NUL byte, behind which nothing is read.
 };
 
-/// Has the parser of the configuration classes read a text of less than 4 GiB, and its writer write it, but
-/// for the indentation: it means nothing, and in deeply nested blocks it is longer than all the rest. Throws
-/// std::bad_alloc, and Error(kTooLarge) when what is written reaches 4 GiB. Cost: linear.
+/// Reads a text of less than 4 GiB, with kPadding readable bytes behind it, as the configuration classes do
+/// (BlockParser, CfLex), and writes what they would save (DhcpParser::FileWriter), but for the indentation: it
+/// means nothing, and in deeply nested blocks it is longer than all the rest.
+///
+/// Those rules are applied in place, without tokens and without a tree, in a tenth of the time. That the
+/// outcome is theirs is tested with random texts.
+///
+/// Throws std::bad_alloc, and Error(kTooLarge) when what is written reaches 4 GiB. Cost: linear.
 Rewriting Rewrite(std::string_view text);
 
 }  // namespace klepur::internal

@@ -3,9 +3,9 @@
 //
 //     KLEPUR_RANDOM_SEED=5     begins with this seed instead of a new one
 //     KLEPUR_RANDOM_SECONDS=60 goes on for so long
-#include <klepur/config4/dhcp_config_file.h>
 #include <klepur/document/document.h>
 #include <klepur/rewrite/rewrite_losses.h>
+#include <klepur/rewrite/rewriting.h>
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@
 
 #include "tests/document/random_document.h"
 #include "tests/random/chance.h"
-#include "tests/support/files.h"
+#include "tests/rewrite/saved_text.h"
 
 namespace klepur::test {
 namespace {
@@ -162,7 +162,8 @@ class Meaning {
       } else {
         parts.push_back(path + '/' + words);
         if (child.Keyword() == "authoritative") authorities.push_back(path + '/' + words);
-        settings_[scope + ' ' + child.Keyword()].push_back(path + '/' + words);
+        if (child.Is(NodeKind::kStatement))
+          settings_[scope + ' ' + child.Keyword()].push_back(path + '/' + words);
       }
     }
     return text + Joined(parts) + "}\n";
@@ -208,15 +209,6 @@ class Meaning {
   std::vector<std::string> found_comments_;
 };
 
-std::string Saved(const std::string& text) {
-  const ScratchFolder scratch;
-  const std::string path = scratch.Write("dhcpd.conf", text);
-  DhcpConfigFile file(path.c_str());
-  EXPECT_TRUE(file.Open());
-  EXPECT_EQ(file.Save(""), 1);
-  return ReadFile(path);
-}
-
 bool Tells(const std::vector<RewriteLoss>& losses, Severity severity) {
   return std::any_of(losses.begin(), losses.end(),
                      [severity](const RewriteLoss& loss) { return loss.severity == severity; });
@@ -232,6 +224,10 @@ std::string Listed(const std::vector<RewriteLoss>& losses) {
 
 void ExpectExact(const std::string& text) {
   const std::string saved = Saved(text);
+  const internal::TextBuffer buffer(text);
+  EXPECT_EQ(WithoutIndentation(internal::Rewrite(buffer.view()).text.view()),
+            WithoutIndentation(saved))
+      << text;
   const Meaning before{Document(text)};
   const Meaning after{Document(saved)};
   const std::vector<RewriteLoss> losses = FindRewriteLosses(text);
