@@ -125,10 +125,19 @@ bool PieceReader::TakeComment(const char* mark) {
   return true;
 }
 
+/// For HasUnpairedQuotes.
+void PieceReader::LookAtQuotes(std::string_view rest) {
+  std::size_t at = rest.find('"');
+  while (at < rest.size()) {
+    at = rest.find('"', static_cast<std::size_t>(BehindQuoted(rest.data() + at) - rest.data()));
+  }
+}
+
 /// A "{" opens a block, unless a ";" stands before it (then in quotes) or behind it on its line.
 bool PieceReader::TakeBrace(const char* brace) {
   std::string_view rest;
   if (!FindRestOfLine(brace + 1, rest)) return false;
+  LookAtQuotes(rest);
   if (!HasSemicolon(rest) && !HasSemicolon(pending_.View())) {
     pending_.Append(WithoutEnd(rest));
     OpenBlock();

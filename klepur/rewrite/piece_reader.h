@@ -45,6 +45,8 @@ class PieceReader {
   const LargeArray<ReadPiece>& Pieces() const { return pieces_; }
   /// In the order of their "{".
   const LargeArray<ReadBlock>& Blocks() const { return blocks_; }
+  /// Whether nothing closes some quote on its line: a quoted text may run over written lines then.
+  bool HasUnpairedQuotes() const { return unclosed_until_ != nullptr; }
 
  private:
   const char* CollectToMark();
@@ -53,6 +55,7 @@ class PieceReader {
   std::string_view UpToLineEnd(const char* from, const char* line_feed) const;
   bool EndsLine(const char* at) const { return at == end_ || *at == '\n'; }
   bool TakeComment(const char* mark);
+  void LookAtQuotes(std::string_view rest);
   bool TakeBrace(const char* brace);
   void OpenBlock();
   void TakeClosingBrace();

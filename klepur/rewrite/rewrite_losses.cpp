@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <unordered_map>
 #include <utility>
@@ -67,7 +68,10 @@ class LossFinder {
     CheckOrder();
     for (NodeId id = 1; id != images_.After().tree.Count(); ++id) CheckImage(id);
     for (NodeId id = 1; id != state_.tree.Count(); ++id) CheckChain(id);
-    if (HasNewStray()) CheckSwallowedBraces();
+    if (HasNewStray()) {
+      CheckSwallowedBraces();
+      CheckBracesInValues();
+    }
     const std::vector<bool> changed = told_;
     for (const NodeId id : one_line_blocks_) TellOneLineBlock(id, changed);
     std::sort(losses_.begin(), losses_.end(),
@@ -196,6 +200,23 @@ class LossFinder {
           [](TextAddress at, const RewrittenPiece& other) { return at < other.source.begin; });
       if (behind == pieces.begin() || std::prev(behind)->source.end <= brace) continue;
       Tell({id, Reason::kSwallowedBrace, Severity::kError});
+    }
+  }
+
+  /// A "{" within a statement begins a block for the classes, which they end.
+  void CheckBracesInValues() {
+    std::vector<bool> begins_block(images_.Written().pieces.size(), false);
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) {
+      if (state_.IsBlock(id) && images_.PieceOf(id) != NodeImages::kNoPiece)
+        begins_block[images_.PieceOf(id)] = true;
+    }
+    for (std::uint32_t i = 0; i != begins_block.size(); ++i) {
+      const RewrittenPiece& piece = images_.Written().pieces[i];
+      if (piece.sort != RewrittenPiece::Sort::kHeader || piece.IsLost() || begins_block[i])
+        continue;
+      if (const NodeId id = NodeAround(piece.source); id != kRoot) {
+        Tell({id, Reason::kBraceInValue, Severity::kError});
+      }
     }
   }
 

@@ -1,7 +1,8 @@
 #include <klepur/rewrite/rewriting.h>
 
-#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -16,20 +17,16 @@ namespace {
 
 using Sort = RewrittenPiece::Sort;
 
-constexpr std::string_view kBeforeName = "\n";
-constexpr std::string_view kBehindName = "\n{\n";
-constexpr std::string_view kBlockEnd = "}\n";
+/// Indentation is left out when what is written would be longer than so many times the text and a little.
+constexpr std::size_t kMostGrowth = 16;
+constexpr std::size_t kLittle = 65536;
 
 /// What is named like the root section, wherever it stands, is written without its name and braces.
 bool HasBraces(const ReadBlock& block) {
   return block.name != kRootName;
 }
 
-std::size_t HeaderSize(const ReadBlock& block) {
-  return HasBraces(block) ? kBeforeName.size() + block.name.size() + kBehindName.size() : 0;
-}
-
-/// How many bytes an entry takes.
+/// How many bytes an entry takes beside its indentation.
 std::size_t EntrySize(const ReadPiece& piece) {
   return (piece.sort == Sort::kComment ? 1 : 0) + piece.content.size() + 1;
 }
@@ -38,10 +35,14 @@ std::size_t EntrySize(const ReadPiece& piece) {
 class PieceWriter {
  public:
   explicit PieceWriter(const PieceReader& read)
-      : pieces_(read.Pieces()), blocks_(read.Blocks()), entries_(blocks_.size(), 0) {}
+      : pieces_(read.Pieces()),
+        blocks_(read.Blocks()),
+        places_(blocks_.size()),
+        indents_(read.HasUnpairedQuotes()) {}
 
-  Rewriting Write() {
-    memory_.Grow(Measure() + kPadding, 0);
+  Rewriting Write(std::size_t most) {
+    Measure(most);
+    memory_.Grow(size_ + kPadding, 0);
     WriteBlocks();
     Rewriting result;
     WriteEntries(result.pieces);
@@ -50,75 +51,114 @@ class PieceWriter {
   }
 
  private:
-  /// How many bytes there will be; and in each block's entries.
-  std::size_t Measure() {
+  /// A block's header and entries.
+  struct Place {
+    std::size_t entries_size = 0;  ///< Beside indentation.
+    std::uint32_t entries = 0;
+    std::uint32_t tabs = 0;  ///< Of an entry.
+    std::size_t header = 0;  ///< Where it begins.
+    std::size_t next = 0;    ///< Where the next entry comes.
+  };
+
+  void Measure(std::size_t most) {
     for (const ReadPiece& piece : pieces_) {
       if (piece.block == kOutside || piece.sort == Sort::kHeader) continue;
-      entries_[piece.block] += EntrySize(piece);
-      size_ += EntrySize(piece);
+      places_[piece.block].entries_size += EntrySize(piece);
+      ++places_[piece.block].entries;
     }
-    for (const ReadBlock& block : blocks_) {
-      size_ += HeaderSize(block) + (HasBraces(block) ? kBlockEnd.size() : 0);
+    // The first child of a block is the next one.
+    while (leftmost_levels_ + 1 < blocks_.size() &&
+           blocks_[leftmost_levels_ + 1].parent == leftmost_levels_) {
+      ++leftmost_levels_;
+    }
+    WriteBlocks();
+    if (indents_ && size_ > most) {
+      indents_ = false;
+      WriteBlocks();
     }
     if (size_ > kMostBytes) throw Error(ErrorCode::kTooLarge, "the rewritten text reaches 4 GiB");
-    return size_;
   }
 
-  /// Writes headers and ends, and finds where the entries of each block begin.
+  /// Finds where all is written, and writes headers and ends once there is memory.
   void WriteBlocks() {
+    size_ = 0;
+    depth_ = 0;
     BlockNumber open = kOutside;
     for (BlockNumber block = 0; block != blocks_.size(); ++block) {
       for (; open != blocks_[block].parent; open = blocks_[open].parent) WriteEnd(open);
       open = block;
-      WriteHeader(blocks_[block]);
-      end_ += std::exchange(entries_[block], end_);
+      WriteHeader(block);
     }
     for (; open != kOutside; open = blocks_[open].parent) WriteEnd(open);
   }
 
-  void WriteHeader(const ReadBlock& block) {
-    if (!HasBraces(block)) return;
-    Put(kBeforeName, end_);
-    Put(block.name, end_);
-    Put(kBehindName, end_);
+  void WriteHeader(BlockNumber block) {
+    Place& place = places_[block];
+    place.header = size_;
+    if (HasBraces(blocks_[block])) {
+      Put("\n", size_);
+      PutLine(blocks_[block].name);
+      PutLine("{");
+      ++depth_;
+    } else {
+      depth_ = 0;
+    }
+    place.tabs = indents_ ? depth_ : 0;
+    place.next = size_;
+    size_ += place.entries_size + std::size_t{place.tabs} * place.entries;
   }
 
   void WriteEnd(BlockNumber block) {
-    if (HasBraces(blocks_[block])) Put(kBlockEnd, end_);
+    if (!HasBraces(blocks_[block])) return;
+    if (depth_ > 0) --depth_;
+    if (depth_ == 0 && leftmost_levels_ != 1) Put("\n", size_);
+    PutLine("}");
   }
 
   void WriteEntries(LargeArray<RewrittenPiece>& pieces) {
     pieces.reserve(pieces_.size());
     for (const ReadPiece& piece : pieces_) {
-      pieces.push_back({piece.source, WrittenPlace(piece), piece.sort});
+      pieces.push_back({piece.source, piece.block == kOutside ? Span() : Write(piece), piece.sort});
     }
   }
 
-  /// Where a piece is written. An entry is written now.
-  Span WrittenPlace(const ReadPiece& piece) {
-    if (piece.block == kOutside) return {};
-    std::size_t& place = entries_[piece.block];
-    std::size_t begin = place;
-    if (piece.sort == Sort::kHeader) {
-      begin -= HeaderSize(blocks_[piece.block]);
-    } else {
-      if (piece.sort == Sort::kComment) Put("#", place);
-      Put(piece.content, place);
-      Put("\n", place);
+  /// Writes an entry, and says where a piece is written.
+  Span Write(const ReadPiece& piece) {
+    Place& place = places_[piece.block];
+    const std::size_t begin = piece.sort == Sort::kHeader ? place.header : place.next;
+    if (piece.sort != Sort::kHeader) {
+      if (piece.sort == Sort::kComment) Put("#", place.next);
+      PutTabs(place.tabs, place.next);
+      Put(piece.content, place.next);
+      Put("\n", place.next);
     }
-    return {static_cast<TextAddress>(begin), static_cast<TextAddress>(place)};
+    return {static_cast<TextAddress>(begin), static_cast<TextAddress>(place.next)};
   }
 
-  void Put(std::string_view bytes, std::size_t& place) {
-    bytes.copy(memory_.data() + place, bytes.size());
-    place += bytes.size();
+  void PutLine(std::string_view line) {
+    PutTabs(indents_ ? depth_ : 0, size_);
+    Put(line, size_);
+    Put("\n", size_);
+  }
+
+  void PutTabs(std::uint32_t count, std::size_t& at) {
+    if (memory_.size() != 0) std::memset(memory_.data() + at, '\t', count);
+    at += count;
+  }
+
+  void Put(std::string_view bytes, std::size_t& at) {
+    if (memory_.size() != 0) bytes.copy(memory_.data() + at, bytes.size());
+    at += bytes.size();
   }
 
   const LargeArray<ReadPiece>& pieces_;
   const LargeArray<ReadBlock>& blocks_;
-  std::vector<std::size_t> entries_;  ///< By block: the size, then the place of those not written.
+  std::vector<Place> places_;  ///< By block.
+  bool indents_;
+  BlockNumber leftmost_levels_ =
+      0;  ///< How deep the blocks are that are each the first in the one around.
+  std::uint32_t depth_ = 0;
   std::size_t size_ = 0;
-  std::size_t end_ = 0;  ///< Of the headers and ends that are written.
   LargeMemory memory_;
 };
 
@@ -127,7 +167,7 @@ class PieceWriter {
 Rewriting Rewrite(std::string_view text) {
   PieceReader reader(text);
   const bool whole = reader.Read();
-  Rewriting rewriting = PieceWriter(reader).Write();
+  Rewriting rewriting = PieceWriter(reader).Write(kMostGrowth * text.size() + kLittle);
   rewriting.stopped = !whole;
   return rewriting;
 }

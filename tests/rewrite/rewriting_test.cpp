@@ -61,6 +61,18 @@ TEST(Rewriting, IsWhatTheClassesSave) {
   }
 }
 
+TEST(Rewriting, IsIndentedWhereAQuotedTextMayRunOverItsLines) {
+  for (const std::string_view text : {
+           "group {\n  a \"1;\n  b\" 2;\n  # c\n  host d {\n    e 1;\n  }\n}\n"sv,
+           "group {\n  host d {\n    host e {\n      a \"1;\n}\n}\n}\n# b\"\nc 1;\n"sv,
+           "group {\n  a 1;\n}\nb \"2;\nhost c {\n  d 1;\n}\n"sv,
+           "TREE_ROOT_SECTION {\n  a 1;\n}\nhost b {\n TREE_ROOT_SECTION {\n c \"1;\n}\n}\n"sv,
+           "host a { b \"; c 1;\nhost d {\n  e 1;\n}\n"sv,
+       }) {
+    EXPECT_EQ(Rewritten(text), Saved(text));
+  }
+}
+
 TEST(Rewriting, SaysWhichBytesBecameWhich) {
   constexpr std::string_view kText = "host a {\n  x\n 1;\n# b\n}\ny 2; }\nz 3;\n";
   const internal::TextBuffer buffer(kText);
