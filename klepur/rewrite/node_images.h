@@ -25,11 +25,17 @@ class NodeImages {
 
   /// What became of a node of the text before; kNoNode when nothing did.
   NodeId ImageOf(NodeId id) const { return image_[id]; }
-  /// What a node of the rewritten text was; kNoNode when it was none.
-  NodeId SourceOf(NodeId id) const { return source_[id]; }
-  /// The piece that a node of the text before, or of the rewritten one, begins in; kNoPiece for none.
+  /// The piece that a node of the text before begins in; kNoPiece for none.
   std::uint32_t PieceOf(NodeId id) const { return piece_[id]; }
-  std::uint32_t PieceOfImage(NodeId id) const { return piece_of_image_[id]; }
+
+  /// A node of the rewritten text that was none before, and the piece that it begins in.
+  struct NewNode {
+    NodeId image;
+    std::uint32_t piece;
+  };
+  const std::vector<NewNode>& NewNodes() const { return new_nodes_; }
+  /// Whether a "}" of the rewritten text closes nothing that did not stand in the text before.
+  bool HasNewStray() const;
 
   /// Whether a node became one of the same kind with the same words, and whether it also has an end as before.
   bool HasSameWords(NodeId id) const;
@@ -47,9 +53,10 @@ class NodeImages {
   const DocumentState& after_;
   const Rewriting& rewriting_;
   std::vector<NodeId> image_;
-  std::vector<NodeId> source_;
   std::vector<std::uint32_t> piece_;
-  std::vector<std::uint32_t> piece_of_image_;
+  std::vector<bool>
+      known_;  ///< Of the rewritten text: those that begin in a piece or became of a stray.
+  std::vector<NewNode> new_nodes_;
 };
 
 /// The last node that begins before an address, in a text that nobody edited; the root when none does.

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include <klepur/framework/tree_links.h>
+#include <klepur/text/error.h>
+#include <klepur/text/file_bytes.h>
 #include <klepur/text/structural_bytes.h>
 
 namespace klepur::internal {
@@ -44,7 +45,7 @@ PieceReader::PieceReader(std::string_view text)
       next_(begin_),
       piece_(begin_) {
   pieces_.reserve(static_cast<TextAddress>(text.size() / 32 + 1));
-  blocks_.push_back({kOutside, kRootName});
+  blocks_.push_back({kOutside});
 }
 
 bool PieceReader::Read() {
@@ -53,7 +54,7 @@ bool PieceReader::Read() {
     switch (*mark) {
       case ';':
         pending_.Append(Between(mark, next_));
-        Keep(Sort::kStatement, pending_.View());
+        KeepEntry(Sort::kStatement, pending_.View());
         break;
       case '#':
         if (!TakeComment(mark)) return false;
@@ -121,7 +122,7 @@ bool PieceReader::TakeComment(const char* mark) {
   std::string_view rest;
   if (!FindRestOfLine(mark + 1, rest)) return false;
   pending_.Append(rest);
-  Keep(Sort::kComment, WithoutFront(WithoutEnd(pending_.View())));
+  KeepEntry(Sort::kComment, WithoutFront(WithoutEnd(pending_.View())));
   return true;
 }
 
@@ -150,7 +151,7 @@ bool PieceReader::TakeBrace(const char* brace) {
     pending_.Append(rest);
     pending_.Insert(place % kBracePlaces, '{');
   }
-  Keep(Sort::kStatement, WithoutEnd(pending_.View()));
+  KeepEntry(Sort::kStatement, WithoutEnd(pending_.View()));
   return true;
 }
 
@@ -162,7 +163,6 @@ void PieceReader::OpenBlock() {
   blocks_.push_back({block_, {}});
   block_ = blocks_.size() - 1;
   Keep(Sort::kHeader, WithoutEnd(pending_.View()));
-  blocks_.back().name = pieces_.back().content;
 }
 
 /// What is pending stays so.
@@ -175,11 +175,41 @@ void PieceReader::TakeClosingBrace() {
   }
 }
 
+void PieceReader::KeepEntry(Sort sort, std::string_view content) {
+  if (block_ != kOutside) {
+    ReadBlock& block = blocks_[block_];
+    block.entries_size += EntrySize(sort, content);
+    ++block.entries;
+  }
+  Keep(sort, content);
+}
+
 void PieceReader::Keep(Sort sort, std::string_view content) {
-  if (pending_.IsCopied()) content = copies_.emplace_back(content);
-  pieces_.push_back({{AddressOf(piece_), AddressOf(next_)}, sort, block_, content});
+  pieces_.push_back({{AddressOf(piece_), AddressOf(next_)}, PlaceOf(content), block_, sort});
   pending_.Clear();
   piece_ = next_;
+}
+
+Span PieceReader::PlaceOf(std::string_view content) {
+  if (content.empty()) return {};
+  if (!pending_.IsCopied()) {
+    const TextAddress begin = AddressOf(content.data());
+    return {begin, begin + static_cast<TextAddress>(content.size())};
+  }
+  const std::size_t begin = static_cast<std::size_t>(end_ - begin_) + copies_.size();
+  if (begin + content.size() > kMostBytes) {
+    throw Error(ErrorCode::kTooLarge, "the text and what is joined of it reach 4 GiB");
+  }
+  copies_ += content;
+  return {static_cast<TextAddress>(begin), static_cast<TextAddress>(begin + content.size())};
+}
+
+std::string_view PieceReader::Content(Span place) const {
+  const auto size = static_cast<std::size_t>(end_ - begin_);
+  const char* const begin =
+      place.begin < size ? begin_ + place.begin : copies_.data() + (place.begin - size);
+  return place.begin == place.end ? std::string_view()
+                                  : std::string_view(begin, place.end - place.begin);
 }
 
 }  // namespace klepur::internal

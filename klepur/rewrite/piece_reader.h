@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <string>
 #include <string_view>
 
@@ -14,23 +13,16 @@
 
 namespace klepur::internal {
 
-using BlockNumber = std::uint32_t;
-inline constexpr BlockNumber kRootBlock = 0;
-/// Of what hangs beside the root section, behind a "}" too many.
-inline constexpr BlockNumber kOutside = 0xFFFFFFFF;
+/// How many bytes an entry takes beside its indentation.
+inline std::size_t EntrySize(RewrittenPiece::Sort sort, std::string_view content) {
+  return (sort == RewrittenPiece::Sort::kComment ? 1 : 0) + content.size() + 1;
+}
 
-/// Bytes of the text that became an entry or began a block.
-struct ReadPiece {
-  Span source;
-  RewrittenPiece::Sort sort;
-  BlockNumber block;         ///< That it stands in, or that it begins.
-  std::string_view content;  ///< The entry's text, or the block's name.
-};
-
-/// The root section, or a block below it.
+/// A block that is written.
 struct ReadBlock {
   BlockNumber parent;
-  std::string_view name;
+  std::size_t entries_size = 0;  ///< How many bytes its entries take beside their indentation.
+  std::uint32_t entries = 0;
 };
 
 /// Reads a text as BlockParser does with CfLex; see there for the rules.
@@ -42,8 +34,10 @@ class PieceReader {
   /// False when it stops at a NUL byte.
   bool Read();
 
-  const LargeArray<ReadPiece>& Pieces() const { return pieces_; }
-  /// In the order of their "{".
+  /// Of those that are not written yet, `written` is the place of their content.
+  LargeArray<RewrittenPiece>& Pieces() { return pieces_; }
+  /// An entry's text or a block's name, by its place.
+  std::string_view Content(Span place) const;
   const LargeArray<ReadBlock>& Blocks() const { return blocks_; }
   /// Whether nothing closes some quote on its line: a quoted text may run over written lines then.
   bool HasUnpairedQuotes() const { return unclosed_until_ != nullptr; }
@@ -59,7 +53,9 @@ class PieceReader {
   bool TakeBrace(const char* brace);
   void OpenBlock();
   void TakeClosingBrace();
+  void KeepEntry(RewrittenPiece::Sort sort, std::string_view content);
   void Keep(RewrittenPiece::Sort sort, std::string_view content);
+  Span PlaceOf(std::string_view content);
   TextAddress AddressOf(const char* place) const {
     return static_cast<TextAddress>(place - begin_);
   }
@@ -73,9 +69,10 @@ class PieceReader {
   PendingText pending_;
   BlockNumber block_ = kRootBlock;
   std::size_t levels_outside_ = 0;
-  LargeArray<ReadPiece> pieces_;
+  LargeArray<RewrittenPiece> pieces_;
   LargeArray<ReadBlock> blocks_;
-  std::deque<std::string> copies_;  ///< Contents that do not stand in the text side by side.
+  std::string
+      copies_;  ///< Contents that do not stand in the text side by side: places behind its end.
 };
 
 }  // namespace klepur::internal

@@ -14,6 +14,7 @@
 #include <klepur/rewrite/order_names.h>
 #include <klepur/text/error.h>
 #include <klepur/text/file_bytes.h>
+#include <klepur/text/line_count.h>
 
 namespace klepur {
 namespace internal {
@@ -70,9 +71,9 @@ class LossFinder {
     for (NodeId id = 1; id != state_.tree.Count(); ++id) Check(id);
     CheckCommentsPlaces();
     CheckOrder();
-    for (NodeId id = 1; id != images_.After().tree.Count(); ++id) CheckImage(id);
+    for (const NodeImages::NewNode& node : images_.NewNodes()) CheckNewNode(node);
     for (NodeId id = 1; id != state_.tree.Count(); ++id) CheckChain(id);
-    if (HasNewStray()) {
+    if (images_.HasNewStray()) {
       CheckSwallowedBraces();
       CheckBracesInValues();
     }
@@ -214,18 +215,6 @@ class LossFinder {
     Tell({id, Reason::kOrder, Severity::kError, previous});
   }
 
-  /// Whether a "}" is written that closes nothing and did not stand in the text.
-  bool HasNewStray() const {
-    for (NodeId image = 1; image != images_.After().tree.Count(); ++image) {
-      if (images_.After().tree[image].kind == NodeKind::kStray &&
-          images_.SourceOf(image) == kNoNode &&
-          images_.PieceOfImage(image) == NodeImages::kNoPiece) {
-        return true;
-      }
-    }
-    return false;
-  }
-
   /// A block is written with a "}" of its own, also when the one that it had is part of a line.
   void CheckSwallowedBraces() {
     const LargeArray<RewrittenPiece>& pieces = images_.Written().pieces;
@@ -261,12 +250,10 @@ class LossFinder {
   }
 
   /// What is in the rewritten text only is told of what it is made of.
-  void CheckImage(NodeId image) {
-    if (images_.SourceOf(image) != kNoNode || images_.PieceOfImage(image) == NodeImages::kNoPiece)
-      return;
-    const NodeId id = NodeAround(images_.Written().pieces[images_.PieceOfImage(image)].source);
+  void CheckNewNode(NodeImages::NewNode node) {
+    const NodeId id = NodeAround(images_.Written().pieces[node.piece].source);
     if (id == kRoot) return;
-    if (images_.After().tree[image].kind == NodeKind::kComment) {
+    if (images_.After().IsComment(node.image)) {
       return Tell({id, Reason::kCommentChanges, Severity::kWarning});
     }
     const bool late = state_.IsBlock(id) && state_.tree[id].late_semicolon != 0;
@@ -290,14 +277,30 @@ class LossFinder {
   std::vector<NodeId> one_line_blocks_;
 };
 
-RewriteLoss Described(DocumentState& state, const Loss& loss) {
-  state.positions.Update(state.text);
-  const auto place = [&state](NodeId id) {
-    return id == kNoNode ? Position() : state.positions.Of(state.text, state.Begin(id));
-  };
-  return {loss.reason, loss.severity, place(loss.id), SentenceOf(state, loss.id, loss.reason),
-          place(loss.other)};
-}
+/// Finds the places of addresses, in a text that nobody edited. Those in ascending order need no search.
+class Places {
+ public:
+  explicit Places(DocumentState& state) : state_(state) { state.positions.Update(state.text); }
+
+  Position Of(NodeId id) {
+    if (id == kNoNode) return {};
+    const TextAddress at = state_.tree[id].begin;
+    if (at < at_) return state_.positions.Of(state_.text, state_.Begin(id));
+    const std::string_view passed = state_.text.View({at_, at});
+    if (const std::size_t last = passed.rfind('\n'); last != std::string_view::npos) {
+      line_ += CountLineEnds(passed);
+      line_begin_ = at_ + last + 1;
+    }
+    at_ = at;
+    return {line_, at - line_begin_ + 1};
+  }
+
+ private:
+  DocumentState& state_;
+  TextAddress at_ = 0;
+  std::size_t line_ = 1;
+  std::size_t line_begin_ = 0;
+};
 
 }  // namespace
 }  // namespace internal
@@ -311,8 +314,10 @@ std::vector<RewriteLoss> FindRewriteLosses(std::string_view text) {
   const internal::DocumentState after{std::move(rewriting.text)};
   const internal::NodeImages images(before, after, rewriting);
   std::vector<RewriteLoss> losses;
+  internal::Places places(before);
   for (const internal::Loss& loss : internal::LossFinder(images).Find()) {
-    losses.push_back(internal::Described(before, loss));
+    losses.push_back({loss.reason, loss.severity, places.Of(loss.id),
+                      internal::SentenceOf(before, loss.id, loss.reason), places.Of(loss.other)});
   }
   return losses;
 }

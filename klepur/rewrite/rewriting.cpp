@@ -21,21 +21,11 @@ using Sort = RewrittenPiece::Sort;
 constexpr std::size_t kMostGrowth = 16;
 constexpr std::size_t kLittle = 65536;
 
-/// What is named like the root section, wherever it stands, is written without its name and braces.
-bool HasBraces(const ReadBlock& block) {
-  return block.name != kRootName;
-}
-
-/// How many bytes an entry takes beside its indentation.
-std::size_t EntrySize(const ReadPiece& piece) {
-  return (piece.sort == Sort::kComment ? 1 : 0) + piece.content.size() + 1;
-}
-
 /// Writes as DhcpParser does: of each block the header, the entries, the blocks in it, the end.
 class PieceWriter {
  public:
-  explicit PieceWriter(const PieceReader& read)
-      : pieces_(read.Pieces()),
+  explicit PieceWriter(PieceReader& read)
+      : read_(read),
         blocks_(read.Blocks()),
         places_(blocks_.size()),
         indents_(read.HasUnpairedQuotes()) {}
@@ -44,27 +34,26 @@ class PieceWriter {
     Measure(most);
     memory_.Grow(size_ + kPadding, 0);
     WriteBlocks();
-    Rewriting result;
-    WriteEntries(result.pieces);
-    result.text = TextBuffer(std::move(memory_), size_);
-    return result;
+    for (RewrittenPiece& piece : read_.Pieces()) WritePiece(piece);
+    return {TextBuffer(std::move(memory_), size_), std::move(read_.Pieces())};
   }
 
  private:
   /// A block's header and entries.
   struct Place {
-    std::size_t entries_size = 0;  ///< Beside indentation.
-    std::uint32_t entries = 0;
+    Span name;
+    bool has_braces =
+        false;  ///< Not so for what is named like the root section, wherever it stands.
     std::uint32_t tabs = 0;  ///< Of an entry.
     std::size_t header = 0;  ///< Where it begins.
     std::size_t next = 0;    ///< Where the next entry comes.
   };
 
   void Measure(std::size_t most) {
-    for (const ReadPiece& piece : pieces_) {
-      if (piece.block == kOutside || piece.sort == Sort::kHeader) continue;
-      places_[piece.block].entries_size += EntrySize(piece);
-      ++places_[piece.block].entries;
+    for (const RewrittenPiece& piece : read_.Pieces()) {
+      if (piece.sort != Sort::kHeader || piece.block == kOutside) continue;
+      places_[piece.block].name = piece.written;
+      places_[piece.block].has_braces = read_.Content(piece.written) != kRootName;
     }
     // The first child of a block is the next one.
     while (leftmost_levels_ + 1 < blocks_.size() &&
@@ -95,9 +84,9 @@ class PieceWriter {
   void WriteHeader(BlockNumber block) {
     Place& place = places_[block];
     place.header = size_;
-    if (HasBraces(blocks_[block])) {
+    if (place.has_braces) {
       Put("\n", size_);
-      PutLine(blocks_[block].name);
+      PutLine(read_.Content(place.name));
       PutLine("{");
       ++depth_;
     } else {
@@ -105,34 +94,31 @@ class PieceWriter {
     }
     place.tabs = indents_ ? depth_ : 0;
     place.next = size_;
-    size_ += place.entries_size + std::size_t{place.tabs} * place.entries;
+    size_ += blocks_[block].entries_size + std::size_t{place.tabs} * blocks_[block].entries;
   }
 
   void WriteEnd(BlockNumber block) {
-    if (!HasBraces(blocks_[block])) return;
+    if (!places_[block].has_braces) return;
     if (depth_ > 0) --depth_;
     if (depth_ == 0 && leftmost_levels_ != 1) Put("\n", size_);
     PutLine("}");
   }
 
-  void WriteEntries(LargeArray<RewrittenPiece>& pieces) {
-    pieces.reserve(pieces_.size());
-    for (const ReadPiece& piece : pieces_) {
-      pieces.push_back({piece.source, piece.block == kOutside ? Span() : Write(piece), piece.sort});
-    }
-  }
-
   /// Writes an entry, and says where a piece is written.
-  Span Write(const ReadPiece& piece) {
+  void WritePiece(RewrittenPiece& piece) {
+    if (piece.block == kOutside) {
+      piece.written = {};
+      return;
+    }
     Place& place = places_[piece.block];
     const std::size_t begin = piece.sort == Sort::kHeader ? place.header : place.next;
     if (piece.sort != Sort::kHeader) {
       if (piece.sort == Sort::kComment) Put("#", place.next);
       PutTabs(place.tabs, place.next);
-      Put(piece.content, place.next);
+      Put(read_.Content(piece.written), place.next);
       Put("\n", place.next);
     }
-    return {static_cast<TextAddress>(begin), static_cast<TextAddress>(place.next)};
+    piece.written = {static_cast<TextAddress>(begin), static_cast<TextAddress>(place.next)};
   }
 
   void PutLine(std::string_view line) {
@@ -147,11 +133,11 @@ class PieceWriter {
   }
 
   void Put(std::string_view bytes, std::size_t& at) {
-    if (memory_.size() != 0) bytes.copy(memory_.data() + at, bytes.size());
+    if (memory_.size() != 0) std::memcpy(memory_.data() + at, bytes.data(), bytes.size());
     at += bytes.size();
   }
 
-  const LargeArray<ReadPiece>& pieces_;
+  PieceReader& read_;
   const LargeArray<ReadBlock>& blocks_;
   std::vector<Place> places_;  ///< By block.
   bool indents_;

@@ -11,13 +11,20 @@
 
 namespace klepur::internal {
 
+/// The blocks that are written, in the order of their "{"; the root section is the first.
+using BlockNumber = std::uint32_t;
+inline constexpr BlockNumber kRootBlock = 0;
+/// Of what hangs beside the root section, behind a "}" too many.
+inline constexpr BlockNumber kOutside = 0xFFFFFFFF;
+
 /// Bytes of the text that became one line, or one block's header, of the rewritten text. It begins behind
 /// the piece before it, or behind a "}" in between, and takes no byte of the next one.
 struct RewrittenPiece {
   enum class Sort : std::uint8_t { kStatement, kComment, kHeader };
 
   Span source;
-  Span written;  ///< Empty for what is not written.
+  Span written;       ///< Empty for what is not written.
+  BlockNumber block;  ///< That it stands in, or that it begins.
   Sort sort;
 
   bool IsLost() const { return written.begin == written.end; }
@@ -38,7 +45,8 @@ struct Rewriting {
 /// Those rules are applied in place, without tokens and without a tree, in a tenth of the time. That the
 /// outcome is theirs is tested with random texts.
 ///
-/// Throws std::bad_alloc, and Error(kTooLarge) when what is written reaches 4 GiB. Cost: linear.
+/// Throws std::bad_alloc, and Error(kTooLarge) when what is written reaches 4 GiB, or the text together with
+/// the statements in it that run over lines. Cost: linear.
 Rewriting Rewrite(std::string_view text);
 
 }  // namespace klepur::internal

@@ -152,13 +152,9 @@ bool IsConditional(const Node& node) {
 class Meaning {
  public:
   explicit Meaning(const Document& document) {
-    text_ = Of(document.Root(), {}, "file", "");
-    settings_.erase("");
-    for (const auto& [key, settings] : settings_) {
-      text_ += key + " is set by";
-      for (const std::string& setting : settings) text_ += ' ' + setting;
-      text_ += '\n';
-    }
+    Settings settings;
+    text_ = Of(document.Root(), {}, settings, "");
+    text_ += Listed(settings) + Listed(declared_) + Listed(classes_);
     std::size_t open = 0;
     for (const Finding& finding : document.Findings()) {
       if (finding.code == FindingCode::kUnclosedBlock) ++open;
@@ -171,7 +167,20 @@ class Meaning {
   const std::string& Comments() const { return comments_; }
 
  private:
-  std::string Of(const Node& block, std::vector<std::string> authorities, const std::string& scope,
+  /// What sets a thing, in its order.
+  using Settings = std::map<std::string, std::vector<std::string>>;
+
+  static std::string Listed(const Settings& settings) {
+    std::string text;
+    for (const auto& [key, values] : settings) {
+      text += key + " is set by";
+      for (const std::string& value : values) text += ' ' + value;
+      text += '\n';
+    }
+    return text;
+  }
+
+  std::string Of(const Node& block, std::vector<std::string> authorities, Settings& settings,
                  const std::string& path) {
     const bool subnet = block.Keyword() == "subnet";
     std::string text = path + (subnet ? " with authority " + Joined(authorities) : "") + " {\n";
@@ -186,18 +195,26 @@ class Meaning {
       const std::string behind = IsBranch(child) ? " behind " + previous : "";
       previous = IsConditional(child) ? words : "nothing";
       if (child.Is(NodeKind::kBlock)) {
-        const std::string below = child.Keyword() == "class" ? "classes" : path + '/' + words;
-        settings_[Declared(child)].push_back(path + '/' + words);
-        parts.push_back(behind + Of(child, authorities, IsConditional(child) ? scope : below,
-                                    path + '/' + words));
+        parts.push_back(behind + OfChild(child, authorities, settings, path + '/' + words));
       } else {
         parts.push_back(path + '/' + words);
         if (child.Keyword() == "authoritative") authorities.push_back(path + '/' + words);
-        if (child.Is(NodeKind::kStatement))
-          settings_[scope + ' ' + child.Keyword()].push_back(path + '/' + words);
+        if (child.Is(NodeKind::kStatement)) settings[child.Keyword()].push_back(path + '/' + words);
       }
     }
     return text + Joined(parts) + "}\n";
+  }
+
+  std::string OfChild(const Node& block, const std::vector<std::string>& authorities,
+                      Settings& around, const std::string& path) {
+    Settings own;
+    Settings& settings = IsConditional(block)         ? around
+                         : block.Keyword() == "class" ? classes_
+                                                      : own;
+    std::string text = Of(block, authorities, settings, path);
+    text += Listed(own);
+    if (const std::string key = Declared(block); !key.empty()) declared_[key].push_back(text);
+    return text;
   }
 
   /// What can be declared again, without the number: the last one counts.
@@ -236,7 +253,8 @@ class Meaning {
 
   std::string text_;
   std::string comments_;
-  std::map<std::string, std::vector<std::string>> settings_;
+  Settings declared_;
+  Settings classes_;
   std::vector<std::string> found_comments_;
 };
 
