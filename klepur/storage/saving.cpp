@@ -48,7 +48,12 @@ class Saving {
     try {
       Replace();
     } catch (const Error& error) {
-      if (error.Code() != ErrorCode::kRefused || !wishes_.in_place_if_needed) throw;
+      if (error.Code() != ErrorCode::kRefused) throw;
+      if (!Exists()) throw Error(ErrorCode::kFile, error.what());
+      if (!wishes_.in_place_if_needed) {
+        throw Error(ErrorCode::kRefused,
+                    std::string(error.what()) + "; the file could only be written in place");
+      }
       OverWrite();
     }
     return Finish();
@@ -136,7 +141,6 @@ class Saving {
   }
 
   void OverWrite() {
-    if (!Exists()) throw Error(ErrorCode::kRefused, path_ + ": cannot make the file in its folder");
     facts_->in_place = true;
     if (!wishes_.verifier.empty()) JudgeInMemory();
     Backup backup = MakeBackup();

@@ -229,6 +229,34 @@ TEST_F(KeepingAsAUser, BitsOfTheModeStayThatWritingTakesAway) {
   EXPECT_EQ(StatusOf(path).st_mode & 07777U, 04755U);
 }
 
+TEST_F(KeepingAsAUser, FileThatCannotBeMadeIsNotSaidToBeWrittenInPlace) {
+  const std::string path = scratch_.Write("f", kOld);
+  ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
+  ASSERT_EQ(::chmod(scratch_.Path(".").c_str(), 0555), 0);
+  {
+    const test::Unprivileged user;
+    if (!user.Holds()) GTEST_SKIP() << "root's rights cannot be let go of";
+    const std::string step = ": cannot make a file beside it: Permission denied";
+    const std::string g = scratch_.Path("g");
+    const std::string b = scratch_.Path("b");
+    const auto failure = [](const std::string& saved, const SaveOptions& options) {
+      try {
+        SaveText(saved, kNew, options);
+      } catch (const Error& error) {
+        EXPECT_EQ(error.Code(), ErrorCode::kFile);
+        return std::string(error.what());
+      }
+      return std::string("saved");
+    };
+    EXPECT_EQ(failure(g, SaveOptions()), g + step);
+    EXPECT_EQ(failure(g, SaveOptions().InPlaceIfNeeded()), g + step);
+    EXPECT_EQ(failure(path, SaveOptions().InPlaceIfNeeded().WithBackup(b)),
+              path + ": cannot make a backup: " + b + step);
+  }
+  EXPECT_EQ(NamesIn(scratch_), "f");
+  ASSERT_EQ(::chmod(scratch_.Path(".").c_str(), 0755), 0);
+}
+
 TEST_F(KeepingAsAUser, FolderThatCannotBeReadIsNotFlushed) {
   ASSERT_EQ(::chmod(scratch_.Path(".").c_str(), 0333), 0);
   {
