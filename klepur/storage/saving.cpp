@@ -42,8 +42,8 @@ class Saving {
   std::shared_ptr<const SaveFacts> Run() {
     target_ = TargetOf(path_, IfMissing::kMake);
     Lock();
-    if (!wishes_.forced) RequireUnchanged();
     if (HoldsText()) return Finish();
+    if (!wishes_.forced) RequireUnchanged();
     facts_->written = true;
     try {
       Replace();
