@@ -31,6 +31,7 @@ enum class Role : std::uint8_t {
 };
 
 constexpr std::pair<std::string_view, Role> kRoles[] = {
+    {"add", Role::kClassUse},
     {"allow members of", Role::kClassUse},
     {"default-lease-time", Role::kDefaultLeaseTime},
     {"failover peer", Role::kPeerUse},

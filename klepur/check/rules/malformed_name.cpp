@@ -14,16 +14,12 @@ enum class Quotes { kMust, kMay, kMustNot };
 struct Naming {
   std::string_view block;
   Quotes quotes;
-  bool may_lack = false;   ///< Whether the block does without a name.
-  bool may_go_on = false;  ///< Whether more stands behind the name.
+  bool may_lack = false;  ///< Whether the block does without a name.
 };
 
 constexpr Naming kNamings[] = {
-    {"class", Quotes::kMust},         {"host", Quotes::kMustNot},
-    {"group", Quotes::kMay, true},    {"key", Quotes::kMay},
-    {"shared-network", Quotes::kMay}, {"subclass", Quotes::kMust, false, true},
-    {"user-class", Quotes::kMust},    {"vendor-class", Quotes::kMust},
-    {"zone", Quotes::kMustNot},
+    {"class", Quotes::kMust}, {"host", Quotes::kMustNot},       {"group", Quotes::kMay, true},
+    {"key", Quotes::kMay},    {"shared-network", Quotes::kMay}, {"zone", Quotes::kMustNot},
 };
 
 /// Whether a header's words are those of most: one name without quotes, and nothing else.
@@ -46,9 +42,9 @@ const Naming* NamingOf(const Item& item) {
 }
 
 /// Whether a word goes on behind the name, and is no part of it, as what follows a dot that stands alone.
-bool HasMore(std::string_view name, std::string_view word, const Naming& naming) {
+bool HasMore(std::string_view name, std::string_view word) {
   const bool is_joined = name.back() == '.' || (!word.empty() && word.front() == '.');
-  return !word.empty() && !naming.may_go_on && !is_joined && word.front() != '{';
+  return !word.empty() && !is_joined && word.front() != '{';
 }
 
 }  // namespace
@@ -76,7 +72,7 @@ void MalformedName(const Item& item, const Facts& /*facts*/, Report& report) {
                 .message = "the name of a " + block + " stands between quotes: " + with_quotes,
                 .at = name,
                 .mend = report.Rewrite(item.id, name, with_quotes)});
-  } else if (const std::string_view more = words.Next(); HasMore(name, more, *naming)) {
+  } else if (const std::string_view more = words.Next(); HasMore(name, more)) {
     report.Add(
         {.node = item.id,
          .message = "the name of a " + block + " is one word, and " + Excerpt(more) + " is another",
