@@ -15,6 +15,7 @@ struct ValueProblem {
   std::string_view at;    ///< The piece of the value that it is about.
   std::string message;
   std::string instead = {};  ///< What to write in the place of the piece, where that is obvious.
+  std::string_view replaced = {};  ///< The piece of the value that it replaces, where it is another one.
 
   explicit operator bool() const { return !rule.empty(); }
 };
@@ -55,6 +56,7 @@ void ReadDataExpression(ValueWords& words, std::string_view type, ValueProblem& 
 void ReadInterface(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadLog(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadMatchCondition(ValueWords& words, std::string_view type, ValueProblem& problem);
+void ReadOptionSpace(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadSubclass(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadSwitch(ValueWords& words, std::string_view type, ValueProblem& problem);
 void ReadUnset(ValueWords& words, std::string_view type, ValueProblem& problem);

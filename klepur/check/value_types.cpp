@@ -68,6 +68,7 @@ constexpr OfKeyword kOfKeywords[] = {
     {"match", ReadDataExpression, "the expression"},
     {"match if", ReadMatchCondition, "the condition"},
     {"on", ReadEvents, "commit, release, expiry or transmission"},
+    {"option space", ReadOptionSpace, "its name"},
     {"return", ReadAnyExpression, "the expression"},
     {"server-duid", ReadDuid, "the identifier"},
     {"set", ReadAssignment, "the name of a variable"},
@@ -91,6 +92,7 @@ struct ValueForm {
   Parts parts;
   Parts again;                 ///< The parts that may come again, behind a comma.
   bool is_checked = false;     ///< False where something stands in it that is no type.
+  bool wants_block = false;    ///< Whether nothing but a block may follow it.
   bool is_computable = false;  ///< Whether it may be an expression behind a "=".
 };
 
@@ -112,6 +114,9 @@ const OfKeyword* KeywordOf(std::string_view name) {
 ValueForm FormOf(const Word& word) {
   ValueForm form;
   form.is_checked = true;
+  form.wants_block = (word.name == "key" || word.name == "group" || word.name == "failover peer") &&
+                     word.value.find("block") != std::string_view::npos &&
+                     word.value.find("above") == std::string_view::npos;
   const std::size_t second = std::min(word.name.find(' '), word.name.size());
   const std::size_t third = word.name.find(' ', second + 1);
   if (third != std::string_view::npos) form.rest_of_keyword = word.name.substr(third + 1);
@@ -266,6 +271,27 @@ const Word* WordOfHostIdentifier(const Item& item, std::string_view& value, Repo
   return name ? FindTwoWords("option", name->text) : nullptr;
 }
 
+/// Whether a value is a definition, "code 119 = text", which is noted, or of an option that the file has defined.
+bool IsRedefined(const Item& item, std::string_view value, const Word* word, Facts& facts) {
+  if (word == nullptr || word->kind != WordKind::kOption) return false;
+  ValueWords words(value);
+  if (word == item.word && words.Skip("code") && !words.AtEnd() &&
+      IsDecimalNumber(words.Next()->text)) {
+    facts.option_definitions.push_back({item.id, item.second});
+    facts.redefined_options.push_back(word);
+    return true;
+  }
+  return std::find(facts.redefined_options.begin(), facts.redefined_options.end(), word) !=
+         facts.redefined_options.end();
+}
+
+/// Whether what stands here is no reference to a group, key or failover peer, but one without its block.
+bool LacksBlock(const Item& item) {
+  if (item.kind == NodeKind::kBlock || item.word == nullptr) return false;
+  if (item.around.scope == kNowhere || !FormOfWord(item.word).wants_block) return false;
+  return item.word->name != "failover peer" || item.around.scope == kInFile;
+}
+
 bool IsNameOfOption(std::string_view text) {
   return !text.empty() && IsWordByte(text.front()) && text.front() != '_' && !IsDecimalNumber(text);
 }
@@ -303,9 +329,15 @@ std::string Excerpt(std::string_view text) {
   return excerpt + '"';
 }
 
-void CheckValue(const Item& item, Report& report) {
+void CheckValue(const Item& item, Facts& facts, Report& report) {
   std::string_view value = WithoutLeadingBlanks(item.value);
   const Word* word = item.word;
+  if (LacksBlock(item)) {
+    report.Add("missing-block",
+               {.node = item.id,
+                .message = "the \"{\" of \"" + std::string(word->name) + "\" is missing"});
+    return;
+  }
   if (word != nullptr &&
       word->value == "OPTION value") {  // append and the like: that of the option
     ValueWords words(value);
@@ -325,6 +357,7 @@ void CheckValue(const Item& item, Report& report) {
       is_computed ? ProblemOfComputed(value) : ProblemOf(value, FormOfWord(word));
   if (!problem && word == item.word) problem = ProblemOfKeyword(item, word);
   if (!problem || IsRightWithDotsJoined(value, word, problem)) return;
+  if (IsRedefined(item, value, word, facts)) return;
   TellOfSwallowed(value, problem);
   std::optional<Mend> mend;
   if (!problem.instead.empty()) mend = report.Rewrite(item.id, problem.at, problem.instead);
