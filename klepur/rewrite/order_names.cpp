@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include <klepur/document/document.h>
 #include <klepur/document/node_text.h>
 #include <klepur/document/structure_words.h>
 #include <klepur/document/words_of_text.h>
