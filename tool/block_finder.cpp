@@ -1,5 +1,6 @@
 #include <tool/block_finder.h>
 
+#include <klepur/document/document.h>
 #include <klepur/network/prefix.h>
 
 #include <fmt/core.h>
@@ -83,7 +84,7 @@ struct BlockFinder::Step {
         if (step.kind != "failover") --key_words;
       } else {
         if (!step.name.empty()) step.name += ' ';
-        step.name += Unquoted(piece.text);
+        step.name += WithoutQuotes(piece.text);
       }
     }
     step.line = OneLine(std::string_view(text).substr(end));
