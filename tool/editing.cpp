@@ -2,7 +2,6 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <sstream>
@@ -154,15 +153,6 @@ class Script {
   std::map<std::string, std::unique_ptr<CommandLine>> lines_;
 };
 
-std::string ReadScript(const std::string& path) {
-  if (path == kStandard) return ReadStandardInput();
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  if (!file) throw Problem(ExitStatus::kFile, fmt::format("{}: cannot be read", path));
-  return text.str();
-}
-
 }  // namespace
 
 ExitStatus RunEdit(const Invocation& invocation) {
@@ -177,7 +167,7 @@ ExitStatus RunScript(const Invocation& invocation) {
   if (path == kStandard && invocation.Argument("FILE") == kStandard) {
     throw Problem(ExitStatus::kUsage, "edit: only one of FILE and SCRIPT can be standard input");
   }
-  Script script(ShownName(path), ReadScript(path));
+  Script script(ShownName(path), ReadWhole(path));
   EditedFile file(invocation);
   const std::size_t count = script.ApplyTo(file.Document());
   return Finish(invocation, file, script.Notes(), script.Name(),
