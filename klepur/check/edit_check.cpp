@@ -100,10 +100,9 @@ class Excerpt {
       return std::any_of(all.begin(), all.end(),
                          [&](const auto& fact) { return WasTouched(facts.state, fact.node); });
     };
-    return facts.subnets_with_ranges.size() != 0 || touched(facts.subnets) ||
-           touched(facts.classes) || touched(facts.class_uses) || touched(facts.groups) ||
-           touched(facts.group_uses) || touched(facts.key_uses) ||
-           touched(facts.failover_peer_uses) || touched(facts.keys) ||
+    return !facts.subnets_with_ranges.empty() || touched(facts.subnets) || touched(facts.classes) ||
+           touched(facts.class_uses) || touched(facts.groups) || touched(facts.group_uses) ||
+           touched(facts.key_uses) || touched(facts.failover_peer_uses) || touched(facts.keys) ||
            touched(facts.failover_peers) || touched(facts.option_definitions) ||
            touched(facts.option_spaces) || touched(facts.includes) || touched(facts.option_uses) ||
            touched(facts.misplaced);
@@ -187,7 +186,7 @@ class EditCheck {
         node.open_quote || node.late_semicolon) {
       is_sure_ = false;
     }
-    const std::string text(OwnText(node));
+    std::string text(OwnText(node));
     if (text.find('\0') != std::string::npos) is_sure_ = false;
     return text;
   }
