@@ -120,7 +120,10 @@ std::vector<std::string> ShellWords(std::string_view line) {
       add(byte);
     }
   }
-  if (quote != 0) throw Problem(ExitStatus::kUsage, "a quote is not closed");
+  if (quote != 0) {
+    throw Problem(ExitStatus::kUsage,
+                  std::string("a quote is not closed: ") + quote + words.back());
+  }
   return words;
 }
 

@@ -31,6 +31,7 @@ enum class Role : std::uint8_t {
 };
 
 constexpr std::pair<std::string_view, Role> kRoles[] = {
+    {"add", Role::kClassUse},
     {"allow members of", Role::kClassUse},
     {"default-lease-time", Role::kDefaultLeaseTime},
     {"failover peer", Role::kPeerUse},
@@ -101,12 +102,17 @@ void GatherReferences(const Item& item, Facts& facts) {
     case Role::kClassUse:
       return AddName(item, facts.class_uses);
     case Role::kGroup:
-      return AddName(item, block ? facts.groups : facts.group_uses);
+      if (block) return AddName(item, facts.groups);
+      if (item.around.scope == kInHost) AddName(item, facts.group_uses);
+      return;
     case Role::kKeyUse:
-      if (!block) AddName(item, facts.key_uses);
+      // Elsewhere "omapi-key" does nothing, and "key" is a block without its "{".
+      if (!block && item.around.scope == (item.word->name == "key" ? kInZone : kInFile)) {
+        AddName(item, facts.key_uses);
+      }
       return;
     case Role::kPeerUse:
-      if (!block) AddName(item, facts.failover_peer_uses);
+      if (!block && item.around.scope != kInFile) AddName(item, facts.failover_peer_uses);
       return;
     case Role::kRange:
       facts.subnets_with_ranges.push_back(item.around.subnet);
