@@ -107,15 +107,15 @@ TEST(DocumentWidth, EverNewStatementsAreSetInABlockOfMany) {
   const std::string hosts = Numbered("  host h% {\n  }\n", kEdits);
   Document document("group {\n" + hosts + "}\n");
   Node group = document.Find("group");
-  for (std::size_t i = 0; i != kAdded / 4; ++i) {
+  for (std::size_t i = 0; i != kAdded / 20; ++i) {
     const Node word = group.Set("word" + Number(i), "1");
     ASSERT_EQ(group.Set("word" + Number(i), "2"), word);
     ASSERT_TRUE(group.Set("option name" + Number(i), "3"));
   }
-  std::string words = Numbered("  word% 2;\n", kAdded / 4);
+  std::string words = Numbered("  word% 2;\n", kAdded / 20);
   const std::size_t second = words.find('\n') + 1;
   ExpectSame(document.Text(), "group {\n" + words.substr(0, second) +
-                                  Numbered("  option name% 3;\n", kAdded / 4) +
+                                  Numbered("  option name% 3;\n", kAdded / 20) +
                                   words.substr(second) + hosts + "}\n");
 }
 
