@@ -181,7 +181,7 @@ std::string WithPlainElement(const std::string& text, std::string_view element) 
   const std::size_t comma = text.rfind(',', value.end);
   if (comma != std::string::npos && comma >= value.begin) {
     const std::size_t last = text.find_first_not_of(' ', comma + 1);
-    if (text[comma - 1] == ' ' || text[comma - 1] == ',' || last >= value.end) return {};
+    if (text[comma - 1] == ' ' || last >= value.end) return {};
     separator = std::string_view(text).substr(comma, last - comma);
   }
   return text.substr(0, value.end).append(separator).append(element) + text.substr(value.end);

@@ -111,5 +111,19 @@ TEST_P(ManyChildren, NewOnesFollowEachOther) {
   }
 }
 
+TEST_P(ManyChildren, NewOnesFollowWhatWasPutElsewhereMeanwhile) {
+  Find("host first").Remove();
+  Node group = Group();
+  group.Add("option a 1;");
+  group.Add("option b 1;");
+  group.Add("option a 2;");
+  EXPECT_EQ(group.Add("option c 1;").Previous().Keyword(), "option b");
+  group.Add("option z 1;", Placement::After(group.Child("option c")));
+  EXPECT_EQ(group.Add("option d 1;").Previous().Keyword(), "option z");
+  const Node plain = group.Add("plain 1;");
+  const Node behind = group.Add("behind 1;", Placement::After(plain));
+  EXPECT_EQ(group.Add("more 1;").Previous(), behind);
+}
+
 }  // namespace
 }  // namespace klepur::test
