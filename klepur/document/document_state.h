@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include <klepur/document/child_index.h>
 #include <klepur/document/disabled_runs.h>
 #include <klepur/document/edit_memory.h>
 #include <klepur/document/header_index.h>
@@ -40,7 +41,8 @@ struct DocumentState {
   PieceText text;
   SyntaxTree tree;
   EditMemory memory;
-  /// Where Add put the last of a key in a block, so that many are added without a search each. Edits of other
+  /// What Add put behind the last of a key in a block, behind the last one that begins with a word ("option "), or behind
+  /// the last statement before the blocks (""), so that many are added without a search each. Edits of other
   /// kinds clear it.
   std::map<std::pair<NodeId, std::string>, NodeId> last_of_key;
   std::size_t edits =
@@ -53,6 +55,7 @@ struct DocumentState {
   mutable Positions positions;
   mutable NodeId last_at = kRoot;  ///< What At answered last, near which the next question may be.
   mutable HeaderIndex headers;
+  mutable ChildIndex children;
   mutable DisabledRuns disabled;
 };
 

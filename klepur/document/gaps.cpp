@@ -57,7 +57,7 @@ void WriteGap(DocumentState& state, Gap gap, std::string_view text) {
   if (behind_comment && !at_end && !HasLineEnd(text)) return;
   if (ReadGap(state, gap) == text) return;
   const Span span = state.text.Append(text);
-  state.text.Replace(BeginOf(state, gap), EndOf(state, gap), {span});
+  state.text.Replace(BeginOf(state, gap), EndOf(state, gap), span);
 }
 
 std::string_view LastLine(std::string_view text) {

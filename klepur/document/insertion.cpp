@@ -87,9 +87,10 @@ NodeId Insert(DocumentState& state, NodeId parent, std::string_view text,
   const TextAddress address = Put(state, place, snippet, what, laid_out);
   NodeId first = HangNodes(state, place.gap, laid_out, address);
   while (!what.key.empty() && state.IsComment(first)) first = state.tree[first].next;
-  state.last_of_key.erase({parent, what.key});
   if (placement.where == Placement::Where::kAuto && snippet.IsOneNode()) {
-    state.last_of_key[{parent, what.key}] = first;
+    RememberPlace(state, place, what, first);
+  } else {
+    ForgetPlaces(state, parent, what);
   }
   return first;
 }

@@ -75,7 +75,7 @@ NodeId InnermostAt(const DocumentState& state, PieceText::Edge edge) {
 }  // namespace
 
 NodeId NodeAtLine(const DocumentState& state, std::size_t line) {
-  if (!state.positions.HasLine(state.text, line)) return kNoNode;
+  if (!state.positions.HasLine(line)) return kNoNode;
   PieceText::Edge edge = state.positions.LineBegin(state.text, line);
   while (!state.text.IsEnd(edge) && IsBlankByte(state.text.ByteAt(edge)) &&
          state.text.ByteAt(edge) != '\n') {

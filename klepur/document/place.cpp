@@ -1,5 +1,8 @@
 #include <klepur/document/place.h>
 
+#include <algorithm>
+#include <vector>
+
 #include <klepur/document/comments.h>
 #include <klepur/document/node_text.h>
 #include <klepur/document/structure_words.h>
@@ -40,24 +43,57 @@ NodeId FirstBlock(const DocumentState& state, NodeId parent) {
   return id;
 }
 
+NodeId LastAdded(const DocumentState& state, NodeId parent, const std::string& sought) {
+  const auto known = state.last_of_key.find({parent, sought});
+  return known == state.last_of_key.end() ? kNoNode : known->second;
+}
+
+/// What the last one of a word is remembered under; empty when what is placed has no word but its key.
+std::string WordSought(const Placed& what) {
+  const std::string_view word = FirstWord(what.key);
+  return what.is_block || word == what.key ? std::string() : std::string(word) + ' ';
+}
+
+constexpr const char* kStatementSought = "";
+
 NodeId LastOfKey(DocumentState& state, NodeId parent, const Placed& what) {
-  const auto key = std::make_pair(parent, what.key);
-  if (const auto known = state.last_of_key.find(key); known != state.last_of_key.end()) {
-    return known->second;
-  }
-  return LastThat(state, parent, [&](NodeId id) {
+  const NodeId known = LastAdded(state, parent, what.key);
+  if (known != kNoNode) return known;
+  const auto fits = [&](NodeId id) {
     return !state.IsComment(id) && state.IsBlock(id) == what.is_block &&
            HasKey(state.OwnText(id), what.key);
-  });
+  };
+  int seen = 0;
+  NodeId id = state.tree.KnownLastChild(parent);
+  for (; id != kNoNode && !fits(id); id = state.tree[id].previous) {
+    if (++seen != ChildIndex::kMany) continue;
+    const std::vector<NodeId> all = ChildrenWithKey(state, parent, what.key);
+    const auto first = std::find_if(all.begin(), all.end(), fits);
+    if (first == all.end()) return kNoNode;
+    if (all.size() == 1) return *first;
+  }
+  return id;
 }
 
 /// The last statement that begins with the same word: another option, for an option.
 NodeId LastOfWord(DocumentState& state, NodeId parent, const Placed& what) {
-  const std::string_view word = FirstWord(what.key);
-  if (what.is_block || word == what.key) return kNoNode;
+  const std::string sought = WordSought(what);
+  if (sought.empty()) return kNoNode;
+  const NodeId known = LastAdded(state, parent, sought);
+  if (known != kNoNode) return known;
+  const std::string_view word = FirstWord(sought);
   return LastThat(state, parent, [&](NodeId id) {
     return IsPlain(state, id) && EqualButForCase(FirstWord(state.OwnText(id)), word);
   });
+}
+
+/// The last statement before the blocks or, when none stands there, of all.
+NodeId LastStatement(DocumentState& state, NodeId parent, NodeId first_block) {
+  NodeId id =
+      first_block == kNoNode ? state.tree.KnownLastChild(parent) : state.tree[first_block].previous;
+  while (id != kNoNode && !IsPlain(state, id)) id = state.tree[id].previous;
+  if (id != kNoNode) return id;
+  return LastThat(state, parent, [&](NodeId each) { return IsPlain(state, each); });
 }
 
 /// Behind the comments at the start of a block that holds nothing else, or at its start.
@@ -65,19 +101,24 @@ Place InEmptyBlock(DocumentState& state, NodeId parent) {
   return {{parent, state.tree.KnownLastChild(parent)}, false};
 }
 
+Place BehindFound(const DocumentState& state, NodeId found, Place::By by) {
+  Place place = Behind(state, found);
+  place.found = found;
+  place.by = by;
+  return place;
+}
+
 Place AutoPlace(DocumentState& state, NodeId parent, const Placed& what) {
   NodeId last = LastOfKey(state, parent, what);
-  if (last == kNoNode) last = LastOfWord(state, parent, what);
-  if (last != kNoNode) return Behind(state, last);
+  if (last != kNoNode) return BehindFound(state, last, Place::By::kKey);
+  last = LastOfWord(state, parent, what);
+  if (last != kNoNode) return BehindFound(state, last, Place::By::kWord);
   if (!what.is_block) {
+    last = LastAdded(state, parent, kStatementSought);
+    if (last != kNoNode) return BehindFound(state, last, Place::By::kOther);
     const NodeId block = FirstBlock(state, parent);
-    NodeId plain =
-        block == kNoNode ? state.tree.KnownLastChild(parent) : state.tree[block].previous;
-    while (plain != kNoNode && !IsPlain(state, plain)) plain = state.tree[plain].previous;
-    if (plain == kNoNode) {
-      plain = LastThat(state, parent, [&](NodeId id) { return IsPlain(state, id); });
-    }
-    if (plain != kNoNode) return Behind(state, plain);
+    last = LastStatement(state, parent, block);
+    if (last != kNoNode) return BehindFound(state, last, Place::By::kOther);
     if (block != kNoNode) return Above(state, block);
   }
   last = LastThat(state, parent, [&](NodeId id) { return !state.IsComment(id); });
@@ -206,6 +247,26 @@ Place FindPlace(DocumentState& state, NodeId parent, const Placed& what, Placeme
   return place;
 }
 
+void RememberPlace(DocumentState& state, const Place& place, const Placed& what, NodeId node) {
+  const NodeId parent = place.gap.parent;
+  const auto remember = [&](const std::string& sought, bool found_so) {
+    // Behind the last of something it is the last of that, however its place was found.
+    const bool follows = place.found != kNoNode && LastAdded(state, parent, sought) == place.found;
+    if (found_so || follows) state.last_of_key[{parent, sought}] = node;
+  };
+  remember(what.key, true);
+  if (what.is_block) return;
+  const std::string word = WordSought(what);
+  if (!word.empty()) remember(word, place.by != Place::By::kKey);
+  remember(kStatementSought, place.by == Place::By::kOther);
+}
+
+void ForgetPlaces(DocumentState& state, NodeId parent, const Placed& what) {
+  state.last_of_key.erase({parent, what.key});
+  state.last_of_key.erase({parent, WordSought(what)});
+  state.last_of_key.erase({parent, kStatementSought});
+}
+
 bool IsMidLine(const DocumentState& state, Place place) {
   if (HasLineEnd(ReadGap(state, place.gap))) return false;
   const NodeId next = NextOf(state, place.gap);
@@ -299,7 +360,7 @@ TextAddress PutInGap(DocumentState& state, Gap gap, std::string_view before, std
   state.memory.Remember({EditMemory::About::kGap, gap.previous, gap.parent},
                         {{next}, {ReadGap(state, gap), SidesOf(state, gap)}});
   const Span span = state.text.Append(std::string(before).append(text).append(behind));
-  state.text.Replace(BeginOf(state, gap), EndOf(state, gap), {span});
+  state.text.Replace(BeginOf(state, gap), EndOf(state, gap), span);
   return span.begin + static_cast<TextAddress>(before.size());
 }
 

@@ -2,6 +2,7 @@
 #ifndef KLEPUR_DOCUMENT_PLACE_H
 #define KLEPUR_DOCUMENT_PLACE_H
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -13,7 +14,10 @@ namespace klepur::internal {
 
 struct Place {
   Gap gap;
-  bool before_next;  ///< Right above what follows and not right below what precedes.
+  bool before_next;        ///< Right above what follows and not right below what precedes.
+  NodeId found = kNoNode;  ///< What it is behind, when that was searched for.
+  /// What that is: the last of a key, that begins with a word, or other.
+  enum class By : std::uint8_t { kKey, kWord, kOther } by = By::kOther;
 };
 
 /// What is to be placed.
@@ -28,6 +32,10 @@ struct Placed {
 /// Throws Error(kBadPlace) when the anchor is no child of the parent, or the place is within a chain.
 Place FindPlace(DocumentState& state, NodeId parent, const Placed& what, Placement::Where where,
                 NodeId anchor);
+
+/// Remembers that a node was put where Placement::Auto wants it, or forgets what it made wrong elsewhere.
+void RememberPlace(DocumentState& state, const Place& place, const Placed& what, NodeId node);
+void ForgetPlaces(DocumentState& state, NodeId parent, const Placed& what);
 
 /// Whether a place is within a line: other nodes or the block's brace stand on the same line on that side.
 bool IsMidLine(const DocumentState& state, Place place);

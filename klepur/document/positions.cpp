@@ -1,113 +1,114 @@
 #include <klepur/document/positions.h>
 
-#include <algorithm>
-
 namespace klepur::internal {
 namespace {
 
 /// Up to here, stepping back to the start of a line takes less time than looking for it.
 constexpr std::size_t kUsualLine = 1000;
 
+/// How many bytes of what was added are counted for a question.
+constexpr std::size_t kBlock = 4096;
+
 }  // namespace
 
 void Positions::Update(const PieceText& text) {
   if (!base_lines_) base_lines_.emplace(text.View({0, text.BaseSize()}));
-  const std::size_t now = text.Touches();
-  if (now - touches_ > PieceText::kTouches) {
-    pieces_.clear();
-  } else {
-    for (; touches_ != now; ++touches_) ForgetFrom(text, text.Touched(touches_));
+  CountAdded(text);
+  if (!made_ || generation_ != text.Generation()) {
+    made_ = false;
+    pieces_.Clear();
+    text.ForEachPiece([&](PieceText::PieceId piece, Span) { Enter(text, piece); });
+    generation_ = text.Generation();
+    seen_ = text.Changed().size();
+    made_ = true;
   }
-  touches_ = now;
-}
-
-/// Behind a piece that was touched nothing is known any more, the beginning of that piece itself is.
-void Positions::ForgetFrom(const PieceText& text, PieceText::PieceId piece) {
-  if (piece != PieceText::kHead && !text.Stands(piece)) return;
-  while (piece != PieceText::kHead && PlaceOf(piece) == kNoPlace) {
-    if (pieces_.empty()) return;
-    piece = text.Previous(piece);
+  const std::size_t now = text.Changed().size();
+  for (std::size_t i = seen_; i != now; ++i) {
+    const PieceText::PieceId piece = text.Changed()[i];
+    if (pieces_.Has(piece) && !text.Stands(piece)) pieces_.Erase(piece);
   }
-  pieces_.resize(piece == PieceText::kHead ? 0 : PlaceOf(piece) + 1);
-}
-
-std::uint32_t Positions::PlaceOf(PieceText::PieceId piece) const {
-  if (piece >= place_.size()) return kNoPlace;
-  const std::uint32_t place = place_[piece];
-  return place < pieces_.size() && pieces_[place].piece == piece ? place : kNoPlace;
-}
-
-/// Gets to know one piece more; false when all are known.
-bool Positions::Extend(const PieceText& text) {
-  PieceBegin next = {PieceText::kHead, 0, 0, 0};
-  if (!pieces_.empty()) {
-    const PieceBegin& last = pieces_.back();
-    if (last.piece == PieceText::kTail) return false;
-    const Span span = text.SpanOf(last.piece);
-    next = {last.piece, 0, last.offset + (span.end - span.begin),
-            last.lines + LineEndsIn(text, span.begin, span.end)};
+  for (; seen_ != now; ++seen_) {
+    const PieceText::PieceId piece = text.Changed()[seen_];
+    if (text.Stands(piece)) Enter(text, piece);
   }
-  next.piece = text.Next(next.piece);
-  next.begin = text.SpanOf(next.piece).begin;
-  if (next.piece >= place_.size()) place_.resize(2 * std::size_t{next.piece} + 2, kNoPlace);
-  place_[next.piece] = static_cast<std::uint32_t>(pieces_.size());
-  pieces_.push_back(next);
-  return true;
 }
 
-std::size_t Positions::OffsetOf(const PieceText& text, PieceText::Edge edge) {
-  const PieceBegin& piece = Find(text, edge.piece);
-  return piece.offset + (edge.address - piece.begin);
+/// Enters a piece that stands in the text, and those before it that are not known either, or its size if it is known.
+void Positions::Enter(const PieceText& text, PieceText::PieceId piece) {
+  const auto extent = [&](PieceText::PieceId id) {
+    const Span span = text.SpanOf(id);
+    return Extent{span.end - span.begin, LineEndsIn(text, span.begin, span.end)};
+  };
+  if (pieces_.Has(piece)) return pieces_.Resize(piece, extent(piece));
+  PieceText::PieceId known = text.Previous(piece);
+  while (known != PieceText::kHead && !pieces_.Has(known)) known = text.Previous(known);
+  for (PieceText::PieceId previous = known; previous != piece;) {
+    const PieceText::PieceId id = text.Next(previous);
+    pieces_.Insert(id, previous == PieceText::kHead ? PieceOrder::kNone : previous, extent(id));
+    previous = id;
+  }
 }
 
-Position Positions::Of(const PieceText& text, PieceText::Edge edge) {
-  const PieceBegin& piece = Find(text, edge.piece);
-  const std::size_t before = piece.lines + LineEndsIn(text, piece.begin, edge.address);
+void Positions::CountAdded(const PieceText& text) {
+  if (added_lines_.empty()) added_lines_.push_back(0);
+  const TextAddress base = text.BaseSize();
+  const std::size_t blocks = (text.NextAddress() - base) / kBlock;
+  while (added_lines_.size() <= blocks) {
+    const auto begin = static_cast<TextAddress>(base + (added_lines_.size() - 1) * kBlock);
+    const std::size_t lines = CountLineEnds(text.View({begin, begin + TextAddress{kBlock}}));
+    added_lines_.push_back(added_lines_.back() + lines);
+  }
+}
+
+Extent Positions::Before(const PieceText& text, PieceText::Edge edge) const {
+  if (text.IsEnd(edge)) return pieces_.All();
+  Extent before = pieces_.Before(edge.piece);
+  const TextAddress begin = text.SpanOf(edge.piece).begin;
+  before += {edge.address - begin, LineEndsIn(text, begin, edge.address)};
+  return before;
+}
+
+std::size_t Positions::OffsetOf(const PieceText& text, PieceText::Edge edge) const {
+  if (text.IsEnd(edge)) return pieces_.All().bytes;
+  return pieces_.Before(edge.piece).bytes + (edge.address - text.SpanOf(edge.piece).begin);
+}
+
+Position Positions::Of(const PieceText& text, PieceText::Edge edge) const {
+  const Extent before = Before(text, edge);
   std::size_t column = 1;
   for (PieceText::Edge at = edge; text.Back(at) && text.ByteAt(at) != '\n';) {
     if (++column < kUsualLine) continue;
-    return {before + 1, OffsetOf(text, edge) - OffsetOf(text, LineBegin(text, before + 1)) + 1};
+    return {before.lines + 1, before.bytes - OffsetOf(text, LineBegin(text, before.lines + 1)) + 1};
   }
-  return {before + 1, column};
+  return {before.lines + 1, column};
 }
 
-bool Positions::HasLine(const PieceText& text, std::size_t line) {
-  while (pieces_.empty() || pieces_.back().lines + 1 < line) {
-    if (!Extend(text)) return false;
-  }
-  return line != 0;
-}
-
-PieceText::Edge Positions::LineBegin(const PieceText& text, std::size_t line) {
+PieceText::Edge Positions::LineBegin(const PieceText& text, std::size_t line) const {
   if (line <= 1) return text.Start();
-  HasLine(text, line);
-  // The piece that holds the line end before the line.
-  const auto behind =
-      std::partition_point(pieces_.begin(), pieces_.end(),
-                           [line](const PieceBegin& piece) { return piece.lines < line - 1; });
-  const PieceBegin& piece = behind[-1];
-  const std::size_t ends = line - 1 - piece.lines;
-  TextAddress at = 0;
-  if (piece.begin < text.BaseSize()) {
-    const std::size_t before = base_lines_->NewlinesBefore(piece.begin);
+  const PieceText::PieceId piece = pieces_.WithLineEnd(line - 2);
+  const TextAddress begin = text.SpanOf(piece).begin;
+  const std::size_t ends = line - 1 - pieces_.Before(piece).lines;
+  TextAddress at = begin;
+  if (begin < text.BaseSize()) {
+    const std::size_t before = base_lines_->NewlinesBefore(begin);
     at = static_cast<TextAddress>(base_lines_->OffsetOfLine(before + ends));
   } else {
-    at = piece.begin;
     for (std::size_t seen = 0; seen < ends; ++at) seen += *text.Bytes(at) == '\n' ? 1U : 0U;
   }
   return text.Behind(at);
 }
 
-const Positions::PieceBegin& Positions::Find(const PieceText& text, PieceText::PieceId piece) {
-  while (PlaceOf(piece) == kNoPlace && Extend(text)) {
-  }
-  const std::uint32_t place = PlaceOf(piece);
-  return place == kNoPlace ? pieces_.back() : pieces_[place];
-}
-
 std::size_t Positions::LineEndsIn(const PieceText& text, TextAddress from, TextAddress to) const {
   if (to <= text.BaseSize()) return base_lines_->NewlinesIn(from, to);
-  return CountLineEnds(text.View({from, to}));
+  if (to - from <= kBlock) return CountLineEnds(text.View({from, to}));
+  return LineEndsInAdded(text, to) - LineEndsInAdded(text, from);
+}
+
+/// The line ends before an address in the text that was added.
+std::size_t Positions::LineEndsInAdded(const PieceText& text, TextAddress to) const {
+  const std::size_t block = (to - text.BaseSize()) / kBlock;
+  const auto begin = static_cast<TextAddress>(text.BaseSize() + block * kBlock);
+  return added_lines_[block] + CountLineEnds(text.View({begin, to}));
 }
 
 }  // namespace klepur::internal

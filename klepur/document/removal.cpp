@@ -107,7 +107,7 @@ void TakeOut(DocumentState& state, NodeRun run) {
         state.text.Read(state.Begin(run.first), state.End(run.last))}});
   const PieceText::Edge begin = BeginOf(state, before);
   const PieceText::Edge end = EndOf(state, behind);
-  state.text.Replace(begin, end, {state.text.Append(joined)});
+  state.text.Replace(begin, end, state.text.Append(joined));
   for (const NodeId id : NodesOf(state, run)) state.tree.Unlink(id);
 }
 

@@ -150,7 +150,8 @@ void SyntaxTree::RollBack(Mark mark) noexcept {
     const Was& was = log_.back();
     SyntaxNode& node = nodes_[was.id];
     const bool seen = node.begin != was.node.begin || node.end != was.node.end ||
-                      node.gone != was.node.gone || node.kind != was.node.kind;
+                      node.gone != was.node.gone || node.kind != was.node.kind ||
+                      node.parent != was.node.parent;
     const bool made_since = was.id >= mark.count;
     node = was.node;
     if (made_since) node.gone = 1;

@@ -29,8 +29,12 @@ bool IsOne(std::string_view text, NodeKind kind) {
          tree[1].end == text.size() + 1;
 }
 
+bool IsStatement(const DocumentState& state, NodeId id) {
+  return state.tree[id].kind == NodeKind::kStatement;
+}
+
 void RequireStatement(const DocumentState& state, NodeId id) {
-  if (state.tree[id].kind == NodeKind::kStatement) return;
+  if (IsStatement(state, id)) return;
   throw Error(ErrorCode::kBadPlace, "only statements have values");
 }
 
@@ -66,14 +70,15 @@ void ReplaceOwnText(DocumentState& state, NodeId id, std::string_view text) {
                                   ? state.text.Before(state.tree[id].begin + state.tree.BraceOf(id))
                                   : state.End(id);
   const bool block = state.IsBlock(id);
+  Span span = state.text.Append(text);
   // A block's header keeps standing side by side with its "{".
-  const Span span = state.text.Append(block ? std::string(text) + "{" : std::string(text));
+  if (block) span.end = state.text.Append("{").end;
   if (block) {
     PieceText::Edge behind = end;
     state.text.Forward(behind);
-    state.text.Replace(begin, behind, {span});
+    state.text.Replace(begin, behind, span);
   } else {
-    state.text.Replace(begin, end, {span});
+    state.text.Replace(begin, end, span);
   }
   SyntaxNode& node = state.tree.Change(id);
   const bool empty_block =
@@ -104,16 +109,16 @@ bool IsAligned(const DocumentState& state, NodeId statement, NodeId comment) {
 
 /// Changes a statement's text and keeps the column of an aligned comment behind it.
 void ReplaceStatement(DocumentState& state, NodeId id, const std::string& text) {
-  const std::string old(state.OwnText(id));
-  if (text == old) return;
+  if (text == state.OwnText(id)) return;
   const NodeId comment = TrailingComment(state, id);
   const Gap gap = GapBehind(state, id);
   const bool aligned = comment != kNoNode && IsAligned(state, id, comment) &&
                        ReadGap(state, gap).find_first_not_of(' ') == std::string::npos;
   const std::size_t column = comment == kNoNode ? 0 : ColumnOf(state, state.Begin(comment));
   if (comment != kNoNode) {
-    state.memory.Remember({EditMemory::About::kAlignment, id, comment, old},
-                          {{}, {ReadGap(state, gap)}});
+    state.memory.Remember(
+        {EditMemory::About::kAlignment, id, comment, std::string(state.OwnText(id))},
+        {{}, {ReadGap(state, gap)}});
   }
   ReplaceOwnText(state, id, text);
   if (comment == kNoNode) return;
@@ -164,6 +169,22 @@ std::vector<ValuePlace> ElementsOf(std::string_view statement) {
 
 std::string_view ElementText(std::string_view statement, ValuePlace element) {
   return statement.substr(element.begin, element.end - element.begin);
+}
+
+/// The text with an element more, for an element and a list without anything in them that would have to be read: a long
+/// list is looked at only at its end. Empty for others, and where taking the element out again would not give the first
+/// text back.
+std::string WithPlainElement(const std::string& text, std::string_view element) {
+  const ValuePlace value = ValueIn(text);
+  if (!IsBareWord(element) || !IsPlainChange(text, value, element)) return {};
+  std::string_view separator = ", ";
+  const std::size_t comma = text.rfind(',', value.end);
+  if (comma != std::string::npos && comma >= value.begin) {
+    const std::size_t last = text.find_first_not_of(' ', comma + 1);
+    if (text[comma - 1] == ' ' || last >= value.end) return {};
+    separator = std::string_view(text).substr(comma, last - comma);
+  }
+  return text.substr(0, value.end).append(separator).append(element) + text.substr(value.end);
 }
 
 /// The text with a list's element taken out, and its line if it stood alone on one.
@@ -221,15 +242,13 @@ void RequireStatementText(std::string_view text) {
 
 void SetValueOf(DocumentState& state, NodeId id, std::string_view value) {
   RequireStatement(state, id);
-  const std::string old(state.OwnText(id));
+  const std::string_view old = state.OwnText(id);
   const ValuePlace place = ValueIn(old);
   value = WithoutBlanksAround(value);
-  std::string text = old.substr(0, place.begin);
+  const bool emptied = place.begin != place.end && value.empty();
+  std::string text(old.substr(0, emptied ? KeySize(old) : place.begin));
   if (place.begin == place.end && !value.empty()) text += ' ';
   text.append(value).append(old.substr(place.end));
-  if (place.begin != place.end && value.empty()) {
-    text = old.substr(0, KeySize(old)) + old.substr(place.end);
-  }
   if (text.back() != ';') text += ';';
   const bool sound = !state.tree[id].unfinished && !state.tree[id].open_quote;
   const bool plain = sound && IsPlainChange(old, place, value);
@@ -289,8 +308,13 @@ void RenameBlock(DocumentState& state, NodeId block, std::string_view name) {
 
 NodeId StatementInForce(const DocumentState& state, NodeId block, std::string_view key) {
   NodeId found = kNoNode;
+  int seen = 0;
   for (NodeId id = state.tree.FirstChild(block); id != kNoNode; id = state.tree[id].next) {
-    if (state.tree[id].kind == NodeKind::kStatement && HasKey(state.OwnText(id), key)) found = id;
+    if (IsStatement(state, id) && HasKey(state.OwnText(id), key)) found = id;
+    if (++seen != ChildIndex::kMany) continue;
+    const std::vector<NodeId> all = ChildrenWithKey(state, block, key);
+    if (all.empty()) return kNoNode;
+    if (all.size() == 1) return IsStatement(state, all.front()) ? all.front() : kNoNode;
   }
   return found;
 }
@@ -298,6 +322,9 @@ NodeId StatementInForce(const DocumentState& state, NodeId block, std::string_vi
 void AppendToListOf(DocumentState& state, NodeId id, std::string_view element) {
   RequireStatement(state, id);
   const std::string old(state.OwnText(id));
+  const bool sound = !state.tree[id].unfinished && !state.tree[id].open_quote;
+  const std::string plain = sound ? WithPlainElement(old, element) : std::string();
+  if (!plain.empty()) return ReplaceStatement(state, id, plain);
   const std::vector<ValuePlace> elements = ElementsOf(old);
   if (elements.empty()) return SetValueOf(state, id, element);
   const ValuePlace last = elements.back();

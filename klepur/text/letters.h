@@ -53,7 +53,7 @@ constexpr std::string_view LeadingWord(std::string_view text) {
 constexpr bool EqualButForCase(std::string_view left, std::string_view right) {
   if (left.size() != right.size()) return false;
   for (std::size_t i = 0; i < left.size(); ++i) {
-    if (ToSmallLetter(left[i]) != ToSmallLetter(right[i])) return false;
+    if (left[i] != right[i] && ToSmallLetter(left[i]) != ToSmallLetter(right[i])) return false;
   }
   return true;
 }

@@ -1,7 +1,8 @@
 #include <klepur/text/piece_text.h>
 
-#include <iterator>
+#include <algorithm>
 #include <limits>
+#include <new>
 #include <utility>
 
 #include <klepur/text/error.h>
@@ -12,8 +13,9 @@ PieceText::PieceText(TextBuffer base) : base_(std::move(base)) {
   pieces_.push_back({0, 0, kHead, kTail, true});
   pieces_.push_back({0, 0, kHead, kTail, true});
   if (base_.size() != 0) {
-    const PieceId whole = NewPiece(0, BaseSize())->second;
-    pieces_[whole].stands = true;
+    const PieceId whole = NewPiece(0, BaseSize());
+    starts_.Put(0, whole);
+    SetStands(whole, true);
     Link(kHead, whole);
     Link(whole, kTail);
   }
@@ -74,11 +76,10 @@ std::size_t PieceText::Size() const {
   return size;
 }
 
-void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
-  const bool within = from.piece != kTail && from.address != pieces_[from.piece].begin;
-  Touch(within ? from.piece : pieces_[from.piece].previous);
-  std::vector<NewOne> added;
-  for (const Span& span : spans) AppendPiecesOf(span, added);
+void PieceText::Replace(Edge from, Edge to, std::span<const Span> spans) {
+  const auto first_made = static_cast<PieceId>(pieces_.size());
+  for (const Span& span : spans) MakePiecesOf(span);
+  const auto behind_made = static_cast<PieceId>(pieces_.size());
   const bool empty = from == to;
   const PieceId right = BorderBefore(to);
   const PieceId first = empty ? right : BorderBefore(from);
@@ -88,16 +89,16 @@ void PieceText::Replace(Edge from, Edge to, const std::vector<Span>& spans) {
   PieceId last = pieces_[first].previous;
   if (empty) change.old_first = change.old_last = kTail;
   for (PieceId piece = first; piece != right; piece = pieces_[piece].next) {
-    pieces_[piece].stands = false;
+    SetStands(piece, false);
   }
-  for (const NewOne& piece : added) {
-    piece.place->second = piece.id;
-    pieces_[piece.id].stands = true;
-    Link(last, piece.id);
-    last = piece.id;
+  for (PieceId piece = first_made; piece != behind_made; ++piece) {
+    starts_.Set(pieces_[piece].begin, piece);
+    SetStands(piece, true);
+    Link(last, piece);
+    last = piece;
   }
   Link(last, right);
-  if (!added.empty()) change.new_first = added.front().id;
+  if (first_made != behind_made) change.new_first = first_made;
 }
 
 void PieceText::RollBack(std::size_t mark) noexcept {
@@ -108,8 +109,7 @@ void PieceText::TakeBack(const Change& change) noexcept {
   // A piece that was split since keeps its beginning, so the one on the left is asked for, not remembered.
   const PieceId after = change.new_first == kTail ? change.right : change.new_first;
   const PieceId left = pieces_[after].previous;
-  Touch(left);
-  for (PieceId id = after; id != change.right; id = pieces_[id].next) pieces_[id].stands = false;
+  for (PieceId id = after; id != change.right; id = pieces_[id].next) SetStands(id, false);
   if (change.old_first == kTail) {
     Link(left, change.right);
     return;
@@ -117,8 +117,8 @@ void PieceText::TakeBack(const Change& change) noexcept {
   Link(left, change.old_first);
   Link(change.old_last, change.right);
   for (PieceId id = change.old_first;; id = pieces_[id].next) {
-    at_.find(pieces_[id].begin)->second = id;
-    pieces_[id].stands = true;
+    starts_.Set(pieces_[id].begin, id);
+    SetStands(id, true);
     if (id == change.old_last) return;
   }
 }
@@ -135,27 +135,36 @@ bool PieceText::IsChanged() const {
 }
 
 PieceText::PieceId PieceText::PieceOf(TextAddress byte) const {
-  auto place = std::prev(at_.upper_bound(byte));
-  while (!pieces_[place->second].stands) --place;
-  return place->second;
+  PieceStarts::Place place = starts_.UpTo(byte);
+  while (!pieces_[starts_[place]].stands) place = starts_.Before(place);
+  return starts_[place];
 }
 
-PieceText::Beginnings::iterator PieceText::NewPiece(TextAddress begin, TextAddress end) {
+void PieceText::NoteChange(PieceId piece) noexcept {
+  if (changed_.size() <= pieces_.size()) {
+    try {
+      return changed_.push_back(piece);
+    } catch (const std::bad_alloc&) {
+      // Who keeps books must look at all.
+    }
+  }
+  changed_.clear();
+  ++generation_;
+}
+
+PieceText::PieceId PieceText::NewPiece(TextAddress begin, TextAddress end) {
   pieces_.push_back({begin, end, kHead, kTail, false});
-  const auto id = static_cast<PieceId>(pieces_.size() - 1);
-  // One that stands in the text keeps the place until it is replaced.
-  const bool behind_all = at_.empty() || at_.rbegin()->first < begin;
-  return behind_all ? at_.emplace_hint(at_.end(), begin, id) : at_.emplace(begin, id).first;
+  return static_cast<PieceId>(pieces_.size() - 1);
 }
 
 PieceText::PieceId PieceText::Split(PieceId piece, TextAddress at) {
-  const auto place = NewPiece(at, pieces_[piece].end);
-  const auto rest = static_cast<PieceId>(pieces_.size() - 1);
-  place->second = rest;
-  pieces_[rest].stands = true;
+  const PieceId rest = NewPiece(at, pieces_[piece].end);
+  starts_.Put(at, rest);
+  SetStands(rest, true);
   Link(rest, pieces_[piece].next);
   Link(piece, rest);
   pieces_[piece].end = at;
+  NoteChange(piece);
   return rest;
 }
 
@@ -164,22 +173,14 @@ PieceText::PieceId PieceText::BorderBefore(Edge edge) {
   return Split(edge.piece, edge.address);
 }
 
-void PieceText::AppendPiecesOf(Span span, std::vector<NewOne>& pieces) {
-  if (span.begin == span.end) return;
-  const auto append = [&](TextAddress begin, TextAddress end) {
-    const auto place = NewPiece(begin, end);
-    pieces.push_back({static_cast<PieceId>(pieces_.size() - 1), place});
-  };
-  TextAddress begin = span.begin;
-  const bool behind_all = at_.empty() || at_.rbegin()->first < begin;
-  auto border = behind_all ? at_.end() : at_.upper_bound(begin);
-  while (border != at_.end() && border->first < span.end) {
-    const TextAddress at = border->first;
-    ++border;
-    append(begin, at);
-    begin = at;
+/// Makes the pieces of a span, one behind the other: at each border that there ever was one begins.
+void PieceText::MakePiecesOf(Span span) {
+  for (TextAddress begin = span.begin; begin != span.end;) {
+    const TextAddress end = std::min(starts_.Behind(begin), span.end);
+    // A piece that stands in the text keeps its address until it is replaced.
+    starts_.PutNew(begin, NewPiece(begin, end));
+    begin = end;
   }
-  append(begin, span.end);
 }
 
 }  // namespace klepur::internal

@@ -3,14 +3,14 @@
 #ifndef KLEPUR_TEXT_PIECE_TEXT_H
 #define KLEPUR_TEXT_PIECE_TEXT_H
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <map>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include <klepur/text/piece_starts.h>
 #include <klepur/text/text_buffer.h>
 
 namespace klepur::internal {
@@ -76,18 +76,17 @@ class PieceText {
 
   /// Puts spans, none of whose bytes stands in the text elsewhere, in the place of what stands
   /// between the edges. Other edges are good no more.
-  void Replace(Edge from, Edge to, const std::vector<Span>& spans);
+  void Replace(Edge from, Edge to, std::span<const Span> spans);
+  void Replace(Edge from, Edge to, Span span) { Replace(from, to, std::span(&span, 1)); }
 
   /// A state to return to: how many replacements there were.
   std::size_t GetMark() const { return log_.size(); }
   void RollBack(std::size_t mark) noexcept;
 
-  /// For who keeps books of the pieces: how often the text changed, edits taken back counted too, and of each of
-  /// the last kTouches changes the piece before which it changed nothing. A piece that does not stand in the text
-  /// now says nothing, for a later change took it.
-  static constexpr std::size_t kTouches = 64;
-  std::size_t Touches() const { return touches_; }
-  PieceId Touched(std::size_t touch) const { return touched_[touch % kTouches]; }
+  /// For who keeps books of the pieces: those that came to stand in the text, left it, or changed their size, in the
+  /// order of the changes. Forgotten, with another generation, when they are more than there are pieces.
+  const std::vector<PieceId>& Changed() const { return changed_; }
+  std::size_t Generation() const { return generation_; }
   bool Stands(PieceId piece) const { return pieces_[piece].stands; }
   PieceId Next(PieceId piece) const { return pieces_[piece].next; }
   PieceId Previous(PieceId piece) const { return pieces_[piece].previous; }
@@ -116,22 +115,21 @@ class PieceText {
     bool stands = false;  ///< Whether it is part of the text.
   };
 
-  void Touch(PieceId piece) noexcept { touched_[touches_++ % kTouches] = piece; }
+  void NoteChange(PieceId piece) noexcept;
+  void SetStands(PieceId piece, bool stands) noexcept {
+    pieces_[piece].stands = stands;
+    NoteChange(piece);
+  }
   void TakeBack(const Change& change) noexcept;
   Edge BeginOf(PieceId piece) const { return {piece, pieces_[piece].begin}; }
-  using Beginnings = std::map<TextAddress, PieceId>;
-  Beginnings::iterator NewPiece(TextAddress begin, TextAddress end);
+  PieceId NewPiece(TextAddress begin, TextAddress end);
   PieceId Split(PieceId piece, TextAddress at);
   PieceId BorderBefore(Edge edge);
   void Link(PieceId left, PieceId right) {
     pieces_[left].next = right;
     pieces_[right].previous = left;
   }
-  struct NewOne {
-    PieceId id;
-    Beginnings::iterator place;
-  };
-  void AppendPiecesOf(Span span, std::vector<NewOne>& pieces);
+  void MakePiecesOf(Span span);
 
   TextBuffer base_;
   std::string added_;
@@ -139,10 +137,10 @@ class PieceText {
   // The piece that begins at an address; where several did, the one that stands in the text or did last.
   // No border between pieces is ever forgotten: one that is within a piece now, since its making was taken
   // back, has a piece that does not stand.
-  Beginnings at_;
+  PieceStarts starts_;
   std::vector<Change> log_;
-  std::size_t touches_ = 0;
-  std::array<PieceId, kTouches> touched_ = {};
+  std::vector<PieceId> changed_;
+  std::size_t generation_ = 0;
 };
 
 }  // namespace klepur::internal

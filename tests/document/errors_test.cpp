@@ -57,6 +57,26 @@ TEST_P(Refusal, OfAPlaceInAStatementOrAComment) {
   EXPECT_EQ(Refused([&] { Find("host a").MoveTo(Root().FirstChild()); }), "bad place");
 }
 
+TEST_P(Refusal, OfACommentOverLinesBehindAStatement) {
+  EXPECT_EQ(
+      Refused([&] { Root().Add("authoritative;", Placement().WithTrailingComment("one\ntwo")); }),
+      "bad text");
+}
+
+TEST_P(Refusal, OfMovingABlockThatIsNotClosedOrABranch) {
+  Document open("group { }\nif known { } else { }\nhost a {\n");
+  const auto refused = [&](const char* header) {
+    try {
+      open.Find(header).MoveTo(open.Find("group"));
+    } catch (const Error& error) {
+      return ToText(error.Code());
+    }
+    return std::string_view("nothing");
+  };
+  EXPECT_EQ(refused("host a"), "malformed");
+  EXPECT_EQ(refused("else"), "bad place");
+}
+
 TEST_P(Refusal, OfWhatTheFilesNodeCannotDo) {
   EXPECT_NE(Refused([&] { Root().Remove(); }), "nothing");
   EXPECT_NE(Refused([&] { Root().CommentOut(); }), "nothing");

@@ -156,5 +156,24 @@ TEST_P(List, WhatWasAppendedIsTakenOutAgainBeforeAComment) {
   EXPECT_EQ(Text(), First());
 }
 
+TEST_P(List, KeepsTheWayItsCommasStand) {
+  const struct {
+    const char* before;
+    const char* after;
+  } cases[] = {
+      {"a", "a, new"},          {"a, b", "a, b, new"},
+      {"a,b", "a,b,new"},       {"a,   b", "a,   b,   new"},
+      {"a , b", "a , b , new"}, {"a, b,", "a, b, new,"},
+  };
+  for (const auto& row : cases) {
+    Document document("option domain-search " + std::string(row.before) + ";\n");
+    Node list = document.Root().FirstChild();
+    list.AppendToList("new");
+    EXPECT_EQ(list.Value(), row.after);
+    EXPECT_TRUE(list.RemoveFromList("new"));
+    EXPECT_EQ(list.Value(), row.before);
+  }
+}
+
 }  // namespace
 }  // namespace klepur::test

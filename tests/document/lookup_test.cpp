@@ -230,5 +230,24 @@ TEST_P(Lookup, PlacesInALongLine) {
   EXPECT_EQ(Find("host b").Begin(), (Position{3, 1}));
 }
 
+TEST(LongText, HasItsPlacesWhenItWasAdded) {
+  constexpr std::size_t kStatements = 3000;
+  std::string added = "group {\n";
+  for (std::size_t i = 0; i != kStatements; ++i) added += "\tword" + std::to_string(i) + " 1;\n";
+  Document document("authoritative;\n");
+  const Node group = document.Root().Add(added + "}");
+  ASSERT_EQ(document.Text(), "authoritative;\n" + added + "}\n");
+  std::size_t line = 3;
+  for (const Node& child : group.Children()) ASSERT_EQ(child.Begin().line, line++);
+  Node(group.FirstChild()).SetValue("2");
+  line = 3;
+  for (const Node& child : group.Children()) {
+    ASSERT_EQ(child.Begin().line, line);
+    ASSERT_EQ(child.Begin().column, 2U);
+    ASSERT_EQ(document.At(line), child);
+    ++line;
+  }
+}
+
 }  // namespace
 }  // namespace klepur::test

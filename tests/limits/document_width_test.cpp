@@ -93,6 +93,32 @@ TEST(DocumentWidth, BlocksAreEditedOneByOne) {
   ExpectSame(document.Text(), text);
 }
 
+TEST(DocumentWidth, PlacesAreAskedForBetweenEdits) {
+  Document document(Hosts(kBlocks));
+  const std::vector<Node> hosts = document.Walk("host");
+  for (std::size_t i = 0; i != kAdded / 4; ++i) {
+    Node(hosts[i * 7919 % kBlocks]).Set("fixed-address", "10.0.0.77");
+    const std::size_t asked = i * 104'729 % kBlocks;
+    ASSERT_EQ(hosts[asked].Begin().line, 3 * asked + 1);
+  }
+}
+
+TEST(DocumentWidth, EverNewStatementsAreSetInABlockOfMany) {
+  const std::string hosts = Numbered("  host h% {\n  }\n", kEdits);
+  Document document("group {\n" + hosts + "}\n");
+  Node group = document.Find("group");
+  for (std::size_t i = 0; i != kAdded / 20; ++i) {
+    const Node word = group.Set("word" + Number(i), "1");
+    ASSERT_EQ(group.Set("word" + Number(i), "2"), word);
+    ASSERT_TRUE(group.Set("option name" + Number(i), "3"));
+  }
+  std::string words = Numbered("  word% 2;\n", kAdded / 20);
+  const std::size_t second = words.find('\n') + 1;
+  ExpectSame(document.Text(), "group {\n" + words.substr(0, second) +
+                                  Numbered("  option name% 3;\n", kAdded / 20) +
+                                  words.substr(second) + hosts + "}\n");
+}
+
 TEST(DocumentWidth, BlocksAreMovedOneByOne) {
   Document document("group {\n}\n" + Hosts(kEdits));
   Node group = document.Find("group");
