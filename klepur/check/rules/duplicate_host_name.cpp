@@ -2,6 +2,7 @@
 #include <klepur/check/rules/duplicates.h>
 #include <klepur/check/rules/rules.h>
 
+#include <klepur/document/document.h>
 #include <klepur/document/node_text.h>
 #include <klepur/text/letters.h>
 

@@ -22,6 +22,12 @@ constexpr Naming kNamings[] = {
     {"key", Quotes::kMay},    {"shared-network", Quotes::kMay}, {"zone", Quotes::kMustNot},
 };
 
+std::string_view WithoutQuotes(std::string_view name) {
+  name.remove_prefix(1);
+  if (!name.empty() && name.back() == '"') name.remove_suffix(1);
+  return name;
+}
+
 /// Whether a header's words are those of most: one name without quotes, and nothing else.
 bool IsPlainName(std::string_view value) {
   std::size_t at = 0;
@@ -64,7 +70,8 @@ void MalformedName(const Item& item, const Facts& /*facts*/, Report& report) {
   const bool quoted = name.front() == '"';
   if (quoted && naming->quotes == Quotes::kMustNot) {
     report.Add({.node = item.id,
-                .message = "the name of a " + block + " stands without quotes: " + Excerpt(name),
+                .message = "the name of a " + block +
+                           " stands without quotes: " + Excerpt(WithoutQuotes(name)),
                 .at = name});
   } else if (!quoted && naming->quotes == Quotes::kMust) {
     const std::string with_quotes = '"' + std::string(name) + '"';
