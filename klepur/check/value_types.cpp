@@ -351,6 +351,8 @@ std::string Excerpt(std::string_view text) {
 }
 
 void CheckValue(const Item& item, Facts& facts, Report& report) {
+  // Most blocks are hosts.
+  if (item.kind == NodeKind::kBlock && !FormOfWord(item.word).is_checked) return;
   std::string_view value = WithoutLeadingBlanks(item.value);
   const Word* word = item.word;
   if (LacksBlock(item)) {
