@@ -136,6 +136,9 @@ void FinishFacts(Facts& facts) {
   for (std::uint32_t host = 0; host != facts.hosts.size(); ++host) {
     const HostFact& fact = facts.hosts[host];
     NodeId last = kNoNode;
+    while (address != facts.fixed_addresses.size() && facts.fixed_addresses[address].host < host) {
+      ++address;  // of a host that has others in it
+    }
     for (; address != facts.fixed_addresses.size() && facts.fixed_addresses[address].host == host;
          ++address) {
       const SubnetFact* const subnet =

@@ -26,7 +26,7 @@ void Report::AddOf(std::size_t rule, Draft draft) {
   Enter(rule, std::move(finding));
 }
 
-void Report::AddAt(std::string_view rule, Position where, std::string message,
+void Report::AddAt(std::string_view rule, NodeId node, Position where, std::string message,
                    std::optional<Mend> mend) {
   const std::size_t number = RuleNumber(rule);
   if (number == kRuleCount || silent_[number]) return;
@@ -35,13 +35,14 @@ void Report::AddAt(std::string_view rule, Position where, std::string message,
   finding.mend = std::move(mend);
   finding.place = {state_.path, where};
   Enter(number, std::move(finding));
+  entries_.back().node = node;
 }
 
 void Report::Enter(std::size_t rule, CheckFinding finding) {
   finding.rule = kRules[rule].name;
   finding.severity = kRules[rule].severity;
   has_errors_ = has_errors_ || finding.severity == Severity::kError;
-  entries_.push_back({static_cast<std::uint32_t>(rule), std::move(finding)});
+  entries_.push_back({static_cast<std::uint32_t>(rule), std::move(finding), kRoot});
 }
 
 Position Report::PositionOf(PieceText::Edge edge) const {
@@ -57,6 +58,16 @@ Node Report::Handle(NodeId id) const {
 void Report::Allow(NodeId node, std::vector<std::size_t> rules) {
   allowed_.push_back(
       {PositionOf(state_.Begin(node)), PositionOf(state_.End(node)), std::move(rules)});
+}
+
+/// Whether a finding with a place of its own is about something below a comment that allows it.
+bool Report::IsAllowedOf(const Entry& entry) const {
+  if (entry.node == kRoot) return false;
+  const Position begin = PositionOf(state_.Begin(entry.node));
+  return std::any_of(allowed_.begin(), allowed_.end(), [&](const Allowed& allowed) {
+    return !(begin < allowed.begin) && begin < allowed.end &&
+           std::find(allowed.rules.begin(), allowed.rules.end(), entry.rule) != allowed.rules.end();
+  });
 }
 
 /// What is allowed is a tree, as its nodes are: those around a place are a stack.
@@ -77,7 +88,7 @@ void Report::DropAllowed() {
   };
   std::vector<Entry> kept;
   for (Entry& entry : entries_) {
-    if (!is_allowed(entry)) kept.push_back(std::move(entry));
+    if (!is_allowed(entry) && !IsAllowedOf(entry)) kept.push_back(std::move(entry));
   }
   entries_ = std::move(kept);
 }

@@ -36,8 +36,9 @@ class Report {
   void Add(Draft draft) { AddOf(rule_, std::move(draft)); }
   /// One of the rule of a name, for rules that speak through a table.
   void Add(std::string_view rule, Draft draft) { AddOf(RuleNumber(rule), std::move(draft)); }
-  /// One that is about no node.
-  void AddAt(std::string_view rule, Position where, std::string message,
+  /// One at a place of its own, for which what is allowed of a node counts as well: that of a missing ";" stands
+  /// behind its statement. kRoot for none.
+  void AddAt(std::string_view rule, NodeId node, Position where, std::string message,
              std::optional<Mend> mend = {});
 
   /// Whether there is an error so far: what is then told of names that nothing uses may follow from it.
@@ -61,6 +62,7 @@ class Report {
   struct Entry {
     std::uint32_t rule;
     CheckFinding finding;
+    NodeId node = kRoot;  ///< Of one with a place of its own.
   };
   struct Allowed {
     Position begin;
@@ -69,6 +71,7 @@ class Report {
   };
   void AddOf(std::size_t rule, Draft draft);
   void DropAllowed();
+  bool IsAllowedOf(const Entry& entry) const;
   void Enter(std::size_t rule, CheckFinding finding);
   Position PositionOf(PieceText::Edge edge) const;
 

@@ -80,7 +80,7 @@ void ReportStructure(const Document& document, bool look, Report& report) {
     } else if (finding.code == FindingCode::kEmptyStatement) {
       mend = Mend::Remove(report.Handle(finding.node), "take out the \";\"");
     }
-    report.AddAt(rule, finding.where, std::move(finding.message), std::move(mend));
+    report.AddAt(rule, finding.node, finding.where, std::move(finding.message), std::move(mend));
   }
 }
 

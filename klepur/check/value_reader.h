@@ -15,7 +15,8 @@ struct ValueProblem {
   std::string_view at;    ///< The piece of the value that it is about.
   std::string message;
   std::string instead = {};  ///< What to write in the place of the piece, where that is obvious.
-  std::string_view replaced = {};  ///< The piece of the value that it replaces, where it is another one.
+  std::string_view replaced =
+      {};  ///< The piece of the value that it replaces, where it is another one.
 
   explicit operator bool() const { return !rule.empty(); }
 };

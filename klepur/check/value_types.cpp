@@ -168,6 +168,21 @@ void ReadParts(ValueWords& words, const ValueForm::Parts& parts, ValueProblem& p
   }
 }
 
+ValueProblem ProblemOf(std::string_view value, const ValueForm& form);
+
+/// A list with commas between its words, if that is right; else nothing.
+std::string WithCommas(std::string_view value, const ValueForm& form) {
+  const bool is_list = form.parts.size() == 1 && !form.again.empty();
+  if (!is_list || value.find_first_of(",#") != std::string_view::npos) return {};
+  std::string joined;
+  ValueWords words(value);
+  while (const auto word = words.Next()) {
+    if (!joined.empty()) joined += ", ";
+    joined += word->text;
+  }
+  return ProblemOf(joined, form) ? std::string() : joined;
+}
+
 ValueProblem ProblemOf(std::string_view value, const ValueForm& form) {
   ValueProblem problem;
   ValueWords words(value);
@@ -178,7 +193,8 @@ ValueProblem ProblemOf(std::string_view value, const ValueForm& form) {
   }
   if (!problem && !words.AtEnd()) {
     problem = {"surplus-value", words.Rest(),
-               Excerpt(words.Rest()) + " is more than the statement takes"};
+               Excerpt(words.Rest()) + " is more than the statement takes", WithCommas(value, form),
+               UpToLastWord(value)};
   }
   return problem;
 }
@@ -189,14 +205,19 @@ bool CanBeComputed(const Item& item) {
   return item.word->kind == WordKind::kOption || FormOfWord(item.word).is_computable;
 }
 
-ValueProblem ProblemOfComputed(std::string_view value) {
+ValueProblem ProblemOfComputed(std::string_view value, const Word* word) {
   ValueProblem problem;
   ValueWords words(value.substr(1));
+  const std::string_view plain = words.Rest();
   if (words.AtEnd()) {
-    problem = {"malformed-expression", value.substr(0, 1),
-               "the expression is missing behind \"=\""};
-  } else {
-    ReadDataExpression(words, {}, problem);
+    return {"malformed-expression", value.substr(0, 1), "the expression is missing behind \"=\""};
+  }
+  ReadDataExpression(words, {}, problem);
+  if (problem && word != nullptr && FormOfWord(word).is_checked &&
+      !ProblemOf(plain, FormOfWord(word))) {
+    problem.message = "behind a \"=\" the server reads an expression, not a plain value";
+    problem.instead = ' ' + std::string(UpToLastWord(plain));
+    problem.replaced = UpToLastWord(value);
   }
   return problem;
 }
@@ -330,6 +351,8 @@ std::string Excerpt(std::string_view text) {
 }
 
 void CheckValue(const Item& item, Facts& facts, Report& report) {
+  // Most blocks are hosts.
+  if (item.kind == NodeKind::kBlock && !FormOfWord(item.word).is_checked) return;
   std::string_view value = WithoutLeadingBlanks(item.value);
   const Word* word = item.word;
   if (LacksBlock(item)) {
@@ -354,13 +377,16 @@ void CheckValue(const Item& item, Facts& facts, Report& report) {
                            value.front() == '=' && CanBeComputed(item);
   if (!is_computed && (word == nullptr || !FormOfWord(word).is_checked)) return;
   ValueProblem problem =
-      is_computed ? ProblemOfComputed(value) : ProblemOf(value, FormOfWord(word));
+      is_computed ? ProblemOfComputed(value, word) : ProblemOf(value, FormOfWord(word));
   if (!problem && word == item.word) problem = ProblemOfKeyword(item, word);
   if (!problem || IsRightWithDotsJoined(value, word, problem)) return;
   if (IsRedefined(item, value, word, facts)) return;
   TellOfSwallowed(value, problem);
   std::optional<Mend> mend;
-  if (!problem.instead.empty()) mend = report.Rewrite(item.id, problem.at, problem.instead);
+  if (!problem.instead.empty()) {
+    mend = report.Rewrite(item.id, problem.replaced.empty() ? problem.at : problem.replaced,
+                          problem.instead);
+  }
   report.Add(problem.rule, {.node = item.id,
                             .message = std::move(problem.message),
                             .at = problem.at,

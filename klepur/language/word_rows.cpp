@@ -575,7 +575,7 @@ constexpr Word kRows[] = {
      "Undocumented: configuration domains for telephony."},
     {"option slp-directory-agent", K::kOption, F::kDhcp4, kAnywhere, kAnywhere,
      "flag address-or-name list", "Directory agents for finding services."},
-    {"option slp-service-scope", K::kOption, F::kDhcp4, kAnywhere, kAnywhere, "flag text",
+    {"option slp-service-scope", K::kOption, F::kDhcp4, kAnywhere, kAnywhere, "flag [text]",
      "Scopes for finding services."},
     {"option smtp-server", K::kOption, F::kDhcp4, kAnywhere, kAnywhere, "address-or-name list",
      "Mail servers to send to."},

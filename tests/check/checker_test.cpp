@@ -55,6 +55,10 @@ TEST(Checker, HeedsWhatACommentAllows) {
       {"group {\n  # klepur: allow malformed-flag\n  group { ping-check yes; }\n  ping-check "
        "1;\n}\n",
        "4:14 malformed-flag\n"},
+      {"# klepur: allow missing-semicolon\nmax-lease-time 5\n\nmin-lease-time 4\nping-check on;\n",
+       "5:1 missing-semicolon\n"},
+      {"group {\n  # klepur: allow missing-semicolon\n  max-lease-time 5\n}\n", ""},
+      {"# klepur: allow swallowed-statement\nmax-lease-time 5 min-lease-time 4;\n", ""},
       {"# klepur: allow no-such-rule\nping-check yes;\n", "2:12 malformed-flag\n"},
       {"# klepur: allow malformed-flag\n", ""},
   };

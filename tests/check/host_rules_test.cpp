@@ -136,5 +136,13 @@ TEST(FixedPrefixInPool, IsTold) {
       "2:54 fixed-prefix-in-pool <- 1\n");
 }
 
+TEST(Hosts, MayStandInEachOther) {
+  const char* const text =
+      "host a {\n  hardware ethernet 0:1:2:3:4:5;\n  host b {\n    hardware ethernet 0:1:2:3:4:6;\n"
+      "    fixed-address 10.0.0.5;\n  }\n  fixed-address 10.0.0.6;\n}\n"
+      "host c { hardware ethernet 0:1:2:3:4:7; fixed-address 10.0.0.6; }\n";
+  ExpectFoundIn(text, "3:3 misplaced-statement\n9:41 duplicate-fixed-address <- 7\n");
+}
+
 }  // namespace
 }  // namespace klepur::test

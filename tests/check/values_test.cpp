@@ -57,6 +57,7 @@ TEST(Values, Flags) {
       {"ping-check on;\nping-check OFF;\nping-check true;\nping-check False;\nping-check ignore;\n",
        ""},
       {"option ip-forwarding false;\n", ""},
+      {"option slp-service-scope true;\noption slp-service-scope off \"a,b\";\n", ""},
       {"ping-check yes;\n", "1:12 malformed-flag\n"},
       {"ping-check \"on\";\n", "1:12 malformed-flag\n"},
       {"option ip-forwarding 1;\n", "1:22 malformed-flag\n"},

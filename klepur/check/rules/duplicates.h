@@ -2,6 +2,7 @@
 #ifndef KLEPUR_CHECK_RULES_DUPLICATES_H
 #define KLEPUR_CHECK_RULES_DUPLICATES_H
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <type_traits>
@@ -25,6 +26,13 @@ void ForEachDuplicate(const Facts& facts, const Values& values, const Tell& tell
   all.reserve(values.size());
   std::uint32_t home = 0;
   for (const OfSome& value : values) {
+    if (facts.homes[home].host > value.host) {  // back in a host that has others in it
+      home = static_cast<std::uint32_t>(
+          std::lower_bound(
+              facts.homes.begin(), facts.homes.begin() + home, value.host,
+              [](const HomeFact& one, std::uint32_t host) { return one.host < host; }) -
+          facts.homes.begin());
+    }
     while (facts.homes[home].host != value.host) ++home;
     for (std::uint32_t at = home; at != facts.homes.size() && facts.homes[at].host == value.host;
          ++at) {

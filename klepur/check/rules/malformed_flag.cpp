@@ -14,7 +14,10 @@ void ReadFlag(ValueWords& words, std::string_view /*type*/, ValueProblem& proble
   });
   if (is_flag) return;
   problem = {"malformed-flag", word.text,
-             Excerpt(word.text) + " is no flag: that is on, off, true or false"};
+             Excerpt(word.text) + " is no flag: that is on, off, true or false",
+             SameKeyword(word.text, "yes")  ? "on"
+             : SameKeyword(word.text, "no") ? "off"
+                                            : ""};
 }
 
 }  // namespace klepur::internal

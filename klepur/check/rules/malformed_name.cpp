@@ -33,7 +33,9 @@ bool IsPlainName(std::string_view value) {
   std::size_t at = 0;
   while (at != value.size() && value[at] == ' ') ++at;
   const std::size_t begin = at;
+  if (at != value.size() && (value[at] == '.' || value[at] == '_')) return false;
   while (at != value.size() && (IsWordByte(value[at]) || value[at] == '.')) ++at;
+  if (value.substr(begin, at - begin).find("..") != std::string_view::npos) return false;
   const bool named = at != begin;
   while (at != value.size() && value[at] == ' ') ++at;
   return named && at == value.size();
@@ -51,6 +53,20 @@ const Naming* NamingOf(const Item& item) {
 bool HasMore(std::string_view name, std::string_view word) {
   const bool is_joined = name.back() == '.' || (!word.empty() && word.front() == '.');
   return !word.empty() && !is_joined && word.front() != '{';
+}
+
+/// Words of letters, digits, "-" and "_" with dots between. A single byte that is no ASCII is one to the server.
+bool IsName(std::string_view name) {
+  if (name.size() == 1 && (name.front() & 0x80) != 0) return true;
+  return name.front() != '.' && name.front() != '_' && name.find("..") == std::string_view::npos &&
+         std::all_of(name.begin(), name.end(),
+                     [](char byte) { return IsWordByte(byte) || byte == '.'; });
+}
+
+/// That of a group, which may lack, is a plain word and no number.
+bool IsNameOf(std::string_view name, const Naming& naming) {
+  if (!IsName(name)) return false;
+  return !naming.may_lack || (name.find('.') == std::string_view::npos && !IsDecimalNumber(name));
 }
 
 }  // namespace
@@ -79,6 +95,13 @@ void MalformedName(const Item& item, const Facts& /*facts*/, Report& report) {
                 .message = "the name of a " + block + " stands between quotes: " + with_quotes,
                 .at = name,
                 .mend = report.Rewrite(item.id, name, with_quotes)});
+  } else if (!quoted && name.front() != '{' && !IsNameOf(name, *naming)) {
+    report.Add({.node = item.id,
+                .message = Excerpt(name) + " is no name of a " + block +
+                           (naming->may_lack
+                                ? ": that has letters, digits, \"-\" and \"_\""
+                                : ": that has letters, digits, \"-\", \"_\" and dots between"),
+                .at = name});
   } else if (const std::string_view more = words.Next(); HasMore(name, more)) {
     report.Add(
         {.node = item.id,

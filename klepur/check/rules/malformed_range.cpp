@@ -5,11 +5,26 @@
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>
 
+#include <klepur/document/words_of_text.h>
+
+#include <string>
+
 namespace klepur::internal {
 namespace {
 
 void TakeAll(ValueWords& words) {
   words = ValueWords(words.Rest().substr(words.Rest().size()));
+}
+
+/// Two addresses with a dash between, without it; empty when it is nothing else.
+std::string WithoutDash(std::string_view value, bool is_six) {
+  const std::size_t dash = value.find('-');
+  if (dash == std::string_view::npos) return {};
+  std::string text(UpToLastWord(value.substr(0, dash)));
+  text += ' ';
+  text += UpToLastWord(WithoutLeadingBlanks(value.substr(dash + 1)));
+  const auto range = AddressRange::Parse(text);
+  return range && range->First().IsV6() == is_six ? text : std::string();
 }
 
 void NoteHostBits(std::string_view value, const std::optional<Prefix>& prefix,
@@ -33,7 +48,8 @@ void ReadRange(ValueWords& words, std::string_view type, ValueProblem& problem) 
   }
   problem = {"malformed-range", value,
              Excerpt(value) + (is_six ? " is no range, as 2001:db8::1 2001:db8::9 or 2001:db8::/64"
-                                      : " is no range, as 10.0.0.1 10.0.0.9")};
+                                      : " is no range, as 10.0.0.1 10.0.0.9"),
+             WithoutDash(value, is_six), UpToLastWord(value)};
 }
 
 void ReadPrefixRange(ValueWords& words, std::string_view /*type*/, ValueProblem& problem) {
@@ -52,8 +68,10 @@ void ReadPrefix(ValueWords& words, std::string_view /*type*/, ValueProblem& prob
   const auto prefix = Prefix::Parse(value);
   if (prefix && prefix->GetAddress().IsV6()) {
     NoteHostBits(value, prefix, problem);
+    if (problem) problem.instead = prefix->WithoutHostBits().Text();
     if (!problem && IsValueBlank(value.back()) && value.find('#') == std::string_view::npos) {
-      problem = {"blank-behind-prefix", value, "a blank stands before the \";\" of the prefix"};
+      problem = {"blank-behind-prefix", value, "a blank stands before the \";\" of the prefix",
+                 std::string(UpToLastWord(value))};
     }
     return TakeAll(words);
   }

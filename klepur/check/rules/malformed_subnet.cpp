@@ -3,7 +3,23 @@
 
 #include <klepur/check/subnet_header.h>
 
+#include <klepur/document/words_of_text.h>
+
+#include <string>
+
 namespace klepur::internal {
+namespace {
+
+/// Writes "10.0.0.0 netmask 255.255.255.0" for "10.0.0.0/24".
+std::optional<Mend> WithNetmask(const Item& item, const Report& report) {
+  const std::string_view text = UpToLastWord(WithoutLeadingBlanks(item.value));
+  const auto prefix = Prefix::Parse(text);
+  if (!prefix || !prefix->GetAddress().IsV4()) return std::nullopt;
+  return report.Rewrite(item.id, text,
+                        prefix->First().Text() + " netmask " + prefix->Netmask().Text());
+}
+
+}  // namespace
 
 void MalformedSubnet(const Item& item, const Facts& /*facts*/, Report& report) {
   if (const auto prefix = Subnet6PrefixOf(item)) {
@@ -19,7 +35,8 @@ void MalformedSubnet(const Item& item, const Facts& /*facts*/, Report& report) {
   if (Prefix::ParseSubnet(WithoutLeadingBlanks(item.value))) return;
   if (!header->is_whole) {
     report.Add({.node = item.id,
-                .message = "the header of a subnet is not \"subnet ADDRESS netmask MASK\""});
+                .message = "the header of a subnet is not \"subnet ADDRESS netmask MASK\"",
+                .mend = WithNetmask(item, report)});
   } else if (!header->address) {
     report.Add({.node = item.id,
                 .message = Excerpt(header->address_text) + " is no address of IPv4",

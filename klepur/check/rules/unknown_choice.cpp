@@ -16,6 +16,16 @@ bool IsSame(std::string_view word, std::string_view choice, std::string_view typ
   return any_case ? SameKeyword(word, choice) : word == choice;
 }
 
+/// The choice that differs in its letters' case only; empty when there is none.
+std::string InSmallLetters(std::string_view word, std::string_view type) {
+  while (!type.empty()) {
+    const std::string_view choice = type.substr(0, type.find('|'));
+    if (SameKeyword(word, choice)) return std::string(choice);
+    type.remove_prefix(std::min(choice.size() + 1, type.size()));
+  }
+  return {};
+}
+
 /// "none, interim or standard" for "none|interim|standard".
 std::string InWords(std::string_view choices) {
   std::string text;
@@ -40,7 +50,8 @@ void ReadChoice(ValueWords& words, std::string_view type, ValueProblem& problem)
     if (word.kind == ValueWord::kPlain && IsSame(word.text, rest.substr(0, bar), type)) return;
     rest.remove_prefix(std::min(bar + 1, rest.size()));
   }
-  problem = {"unknown-choice", word.text, Excerpt(word.text) + " is none of " + InWords(type)};
+  problem = {"unknown-choice", word.text, Excerpt(word.text) + " is none of " + InWords(type),
+             InSmallLetters(word.text, type)};
 }
 
 /// What a lease meets with, with "or" between.
