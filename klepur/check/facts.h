@@ -7,12 +7,12 @@
 #include <string_view>
 #include <vector>
 
+#include <klepur/check/address_key.h>
 #include <klepur/check/subnet_table.h>
 #include <klepur/document/document_state.h>
 #include <klepur/document/family.h>
 #include <klepur/language/words.h>
 #include <klepur/network/address.h>
-#include <klepur/network/hardware_address.h>
 #include <klepur/network/prefix.h>
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>
@@ -23,11 +23,19 @@ namespace klepur::internal {
 /// Where a host stands.
 struct HostFact {
   NodeId node;
+  std::uint32_t name_hash;
   NodeId subnet;          ///< The innermost subnet or subnet6 around it; kNoNode for none.
   NodeId shared_network;  ///< The shared network around it; kNoNode for none.
   bool has_hardware = false;
   bool has_identifier = false;     ///< host-identifier, uid or option dhcp-client-identifier.
   bool has_fixed_address = false;  ///< fixed-address, fixed-address6 or fixed-prefix6.
+};
+
+/// A value that a statement of a host gives it, by its hash: the same for values that are equal.
+struct HashOfHost {
+  std::uint32_t hash;
+  NodeId statement;
+  std::uint32_t host;  ///< Its number in Facts::hosts.
 };
 
 /// A value that a statement of a host gives it, once for each element of a list.
@@ -36,6 +44,17 @@ struct OfHost {
   Value value;
   NodeId statement;
   std::uint32_t host;  ///< Its number in Facts::hosts.
+};
+
+/// A fixed address of a host, as OfHost.
+struct FixedAddressFact {
+  static constexpr std::uint32_t kNoSubnet = 0xFFFFFFFF;
+
+  AddressKey value;
+  NodeId statement;
+  std::uint32_t host;
+  std::uint32_t subnet =
+      kNoSubnet;  ///< The number in Facts::subnets of the innermost one around it.
 };
 
 template <class Value>
@@ -91,6 +110,11 @@ struct MisplacedFact {
 struct Facts {
   explicit Facts(const DocumentState& document) : state(document) {}
 
+  /// The innermost subnet around a fixed address; null when there is none.
+  const SubnetFact* SubnetOf(const FixedAddressFact& address) const {
+    return address.subnet == FixedAddressFact::kNoSubnet ? nullptr : &subnets[address.subnet];
+  }
+
   const DocumentState& state;
   Family family = Family::kUnknown;  ///< During the walk only what the caller said.
   bool seen4 = false;  ///< Whether a word told that it is a file of DHCPv4, of DHCPv6.
@@ -99,12 +123,12 @@ struct Facts {
       false;  ///< Whether the document may have findings of its own in what was walked over.
 
   LargeArray<HostFact> hosts;
-  LargeArray<OfHost<HardwareAddress>> hardware;
-  LargeArray<OfHost<klepur::Address>> fixed_addresses;
+  LargeArray<HashOfHost> hardware;
+  LargeArray<FixedAddressFact> fixed_addresses;
   LargeArray<OfHost<Prefix>> fixed_prefixes;
   LargeArray<OfHost<std::string_view>> identifiers;  ///< The values as written.
-  LargeArray<OfHost<std::string_view>>
-      host_names;  ///< The values of "option host-name" as written.
+  LargeArray<HashOfHost>
+      host_names;  ///< Those of "option host-name", whatever the case of letters.
 
   LargeArray<SubnetFact> subnets;
   LargeArray<OfSubnet<AddressRange>> ranges;        ///< range, range6

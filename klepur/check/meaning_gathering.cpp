@@ -1,12 +1,9 @@
 #include <klepur/check/meaning_gathering.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <optional>
-#include <utility>
 
 #include <klepur/document/words_of_text.h>
-#include <klepur/language/word_rows.h>
 #include <klepur/network/decimal.h>
 #include <klepur/network/value_words.h>
 #include <klepur/text/letters.h>
@@ -15,54 +12,6 @@ namespace klepur::internal {
 namespace {
 
 constexpr unsigned kMostSeconds = 0xFFFFFFFF;
-
-/// What a word's statements and headers refer to, or set.
-enum class Role : std::uint8_t {
-  kNone,
-  kClassUse,
-  kDefaultLeaseTime,
-  kGroup,
-  kKeyUse,
-  kMaxLeaseTime,
-  kMinLeaseTime,
-  kPeerUse,
-  kRange,
-  kRouters,
-};
-
-constexpr std::pair<std::string_view, Role> kRoles[] = {
-    {"allow members of", Role::kClassUse},
-    {"default-lease-time", Role::kDefaultLeaseTime},
-    {"failover peer", Role::kPeerUse},
-    {"group", Role::kGroup},
-    {"key", Role::kKeyUse},
-    {"max-lease-time", Role::kMaxLeaseTime},
-    {"min-lease-time", Role::kMinLeaseTime},
-    {"omapi-key", Role::kKeyUse},
-    {"option routers", Role::kRouters},
-    {"prefix6", Role::kRange},
-    {"range", Role::kRange},
-    {"range6", Role::kRange},
-    {"subclass", Role::kClassUse},
-    {"user-class", Role::kClassUse},
-    {"vendor-class", Role::kClassUse},
-};
-
-std::vector<Role> AllRoles() {
-  std::vector<Role> all;
-  all.reserve(kWordCount);
-  for (const Word& word : Words()) {
-    const auto* const found = std::find_if(std::begin(kRoles), std::end(kRoles),
-                                           [&](const auto& row) { return row.first == word.name; });
-    all.push_back(found == std::end(kRoles) ? Role::kNone : found->second);
-  }
-  return all;
-}
-
-Role RoleOf(const Word* word) {
-  static const std::vector<Role> all = AllRoles();
-  return word == nullptr ? Role::kNone : all[static_cast<std::size_t>(word - kWordRows)];
-}
 
 /// A lease time; "infinite" and -1 are the longest one.
 std::optional<unsigned> SecondsOf(std::string_view value) {
@@ -97,43 +46,46 @@ void AddName(const Item& item, std::vector<NamedFact>& facts) {
 
 void GatherReferences(const Item& item, Facts& facts) {
   const bool block = item.kind == NodeKind::kBlock;
-  switch (RoleOf(item.word)) {
-    case Role::kClassUse:
+  switch (item.traits.reference) {
+    case Reference::kClassUse:
       return AddName(item, facts.class_uses);
-    case Role::kGroup:
+    case Reference::kGroup:
       return AddName(item, block ? facts.groups : facts.group_uses);
-    case Role::kKeyUse:
+    case Reference::kKeyUse:
       if (!block) AddName(item, facts.key_uses);
       return;
-    case Role::kPeerUse:
+    case Reference::kPeerUse:
       if (!block) AddName(item, facts.failover_peer_uses);
       return;
-    case Role::kRange:
+    case Reference::kRange:
       facts.subnets_with_ranges.push_back(item.around.subnet);
       return;
-    case Role::kRouters:
+    case Reference::kRouters:
       return AddRouters(item, facts);
-    case Role::kDefaultLeaseTime:
+    case Reference::kDefaultLeaseTime:
       return AddSetting(item, Setting::kDefaultLeaseTime, facts);
-    case Role::kMaxLeaseTime:
+    case Reference::kMaxLeaseTime:
       return AddSetting(item, Setting::kMaxLeaseTime, facts);
-    case Role::kMinLeaseTime:
+    case Reference::kMinLeaseTime:
       return AddSetting(item, Setting::kMinLeaseTime, facts);
-    case Role::kNone:
+    case Reference::kNone:
       return;
   }
 }
 
 void FinishFacts(Facts& facts) {
   facts.subnet_table.Make(facts.subnets);
+  for (FixedAddressFact& address : facts.fixed_addresses) {
+    if (const SubnetFact* const subnet = facts.subnet_table.Around(address.value))
+      address.subnet = static_cast<std::uint32_t>(subnet - facts.subnets.data());
+  }
   std::uint32_t address = 0;
   for (std::uint32_t host = 0; host != facts.hosts.size(); ++host) {
     const HostFact& fact = facts.hosts[host];
     NodeId last = kNoNode;
     for (; address != facts.fixed_addresses.size() && facts.fixed_addresses[address].host == host;
          ++address) {
-      const SubnetFact* const subnet =
-          facts.subnet_table.Around(facts.fixed_addresses[address].value);
+      const SubnetFact* const subnet = facts.SubnetOf(facts.fixed_addresses[address]);
       if (subnet == nullptr || subnet->Network() == last) continue;
       last = subnet->Network();
       facts.homes.push_back({host, last});
