@@ -7,15 +7,19 @@
 #include <cstdint>
 #include <vector>
 
+#include <klepur/text/large_array.h>
+
 namespace klepur::internal {
 
 /// The numbers of those hashes that may be there more than once, ascending: all that are, and of the others one
 /// in some eight. It looks at two bits for each, which stay in the cache where a table would not.
-inline std::vector<std::uint32_t> MayBeTwice(const std::vector<std::uint32_t>& hashes) {
+inline std::vector<std::uint32_t> MayBeTwice(const LargeArray<std::uint32_t>& hashes) {
   const auto bits = static_cast<unsigned>(std::bit_width(hashes.size() | 32U) + 3);  // of a place
   const auto shift = bits < 32 ? 32U - bits : 0U;
-  std::vector<std::uint64_t> places(std::size_t{1}
-                                    << (32U - shift - 5U));  // once below, twice above
+  LargeArray<std::uint64_t> places;  // of 32 each: whether there once below, and twice above
+  const std::uint32_t words = std::uint32_t{1} << (27U - shift);
+  places.reserve(words);
+  while (places.size() != words) places.push_back(0);
   const auto word = [&](std::uint32_t hash) -> std::uint64_t& {
     return places[hash >> shift >> 5U];
   };
@@ -37,7 +41,7 @@ inline std::vector<std::uint32_t> MayBeTwice(const std::vector<std::uint32_t>& h
 ///
 /// Cost: linear.
 template <class Equal, class Use>
-void ForEachEqual(const std::vector<std::uint32_t>& hashes, const Equal& equal, const Use& use) {
+void ForEachEqual(const LargeArray<std::uint32_t>& hashes, const Equal& equal, const Use& use) {
   const std::vector<std::uint32_t> numbers = MayBeTwice(hashes);
   constexpr std::uint32_t kFree = 0xFFFFFFFF;
   std::vector<std::uint32_t> slots(std::bit_ceil(numbers.size() * 2 + 2), kFree);

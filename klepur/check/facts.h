@@ -20,12 +20,13 @@
 
 namespace klepur::internal {
 
-/// Where a host stands.
 struct HostFact {
   NodeId node;
   std::uint32_t name_hash;
-  NodeId subnet;          ///< The innermost subnet or subnet6 around it; kNoNode for none.
-  NodeId shared_network;  ///< The shared network around it; kNoNode for none.
+  NodeId subnet;  ///< The innermost subnet or subnet6 around it; kNoNode for none.
+  /// Where it gets its addresses: the shared network, or else the subnet, that it stands in, or kRoot. Behind the
+  /// walk that of its first fixed address which is in any.
+  NodeId network;
   bool has_hardware = false;
   bool has_identifier = false;     ///< host-identifier, uid or option dhcp-client-identifier.
   bool has_fixed_address = false;  ///< fixed-address, fixed-address6 or fixed-prefix6.
@@ -46,16 +47,18 @@ struct OfHost {
   std::uint32_t host;  ///< Its number in Facts::hosts.
 };
 
-/// A fixed address of a host, as OfHost.
+/// A fixed address of a host, as OfHost; Facts::AddressOf and SubnetOf say which and where. There are many.
 struct FixedAddressFact {
-  static constexpr std::uint32_t kNoSubnet = 0xFFFFFFFF;
+  static constexpr std::uint32_t kNoSubnet = 0x7FFFFFFF;
 
-  AddressKey value;
+  std::uint32_t
+      number;  ///< The address of IPv4 itself, or where that of IPv6 stands in Facts::addresses6.
   NodeId statement;
   std::uint32_t host;
-  std::uint32_t subnet =
-      kNoSubnet;  ///< The number in Facts::subnets of the innermost one around it.
+  std::uint32_t is_v6 : 1 = 0;
+  std::uint32_t subnet : 31 = kNoSubnet;  ///< Its number in Facts::subnets.
 };
+static_assert(sizeof(FixedAddressFact) == 16);
 
 template <class Value>
 struct OfSubnet {
@@ -72,8 +75,7 @@ struct NamedFact {
   std::string_view name;  ///< As written, quotes and all.
 };
 
-/// Where a host gets its addresses: the shared network, or else the subnet, of a fixed address of it, or that it
-/// stands in; kRoot when it has no place of its own.
+/// Another network where a host gets addresses.
 struct HomeFact {
   std::uint32_t host;
   NodeId network;
@@ -110,6 +112,9 @@ struct MisplacedFact {
 struct Facts {
   explicit Facts(const DocumentState& document) : state(document) {}
 
+  AddressKey AddressOf(const FixedAddressFact& address) const {
+    return address.is_v6 != 0 ? addresses6[address.number] : AddressKey::OfV4(address.number);
+  }
   /// The innermost subnet around a fixed address; null when there is none.
   const SubnetFact* SubnetOf(const FixedAddressFact& address) const {
     return address.subnet == FixedAddressFact::kNoSubnet ? nullptr : &subnets[address.subnet];
@@ -125,6 +130,7 @@ struct Facts {
   LargeArray<HostFact> hosts;
   LargeArray<HashOfHost> hardware;
   LargeArray<FixedAddressFact> fixed_addresses;
+  LargeArray<AddressKey> addresses6;  ///< Those of fixed addresses of IPv6.
   LargeArray<OfHost<Prefix>> fixed_prefixes;
   LargeArray<OfHost<std::string_view>> identifiers;  ///< The values as written.
   LargeArray<HashOfHost>
@@ -134,9 +140,8 @@ struct Facts {
   LargeArray<OfSubnet<AddressRange>> ranges;        ///< range, range6
   LargeArray<OfSubnet<PrefixRange>> prefix_ranges;  ///< prefix6
 
-  SubnetTable subnet_table;  ///< Made of the subnets behind the walk.
-  LargeArray<HomeFact>
-      homes;  ///< The same of the hosts, in their order; each host has at least one.
+  SubnetTable subnet_table;         ///< Made of the subnets behind the walk.
+  LargeArray<HomeFact> more_homes;  ///< By host; the first network of each is HostFact::network.
   LargeArray<NodeId> subnets_with_ranges;  ///< The subnet of each range, also of malformed ones.
   LargeArray<SettingFact> settings;
   LargeArray<RouterFact> routers;

@@ -19,12 +19,6 @@
 namespace klepur::internal {
 namespace {
 
-std::optional<AddressKey> ReadAddress(std::string_view word) {
-  if (const auto dotted = ReadDotted(word)) return AddressKey::OfV4(*dotted);
-  const auto address = klepur::Address::ParseLenient(word);
-  return address ? std::optional(AddressKey(*address)) : std::nullopt;
-}
-
 /// What stands between the quotes of a value that is one text without backslashes, as most are.
 std::optional<std::string_view> PlainText(std::string_view value) {
   value = WithoutLeadingBlanks(value);
@@ -38,17 +32,24 @@ std::optional<std::string_view> PlainText(std::string_view value) {
 /// Those of the host that the statement stands in, as the others below. Each says whether the value is right for
 /// sure.
 bool AddFixedAddresses(const Item& item, Facts& facts) {
-  facts.hosts[item.around.host].has_fixed_address = true;
+  const std::uint32_t host = item.around.host;
+  facts.hosts[host].has_fixed_address = true;
+  const bool wants_v6 = item.word->name.back() == '6';
   if (const auto only = ReadDotted(WithoutLeadingBlanks(item.value))) {
-    facts.fixed_addresses.push_back({AddressKey::OfV4(*only), item.id, item.around.host});
-    return item.word->name.back() != '6';
+    facts.fixed_addresses.push_back({*only, item.id, host});
+    return !wants_v6;
   }
   ValueWords words(item.value);
   bool one = false;
   while (!words.AtEnd()) {
-    if (const auto address = ReadAddress(words.Next()->text)) {
-      facts.fixed_addresses.push_back({*address, item.id, item.around.host});
-      one = words.AtEnd() && address->IsV6() == (item.word->name.back() == '6');
+    const std::string_view word = words.Next()->text;
+    if (const auto dotted = ReadDotted(word)) {
+      facts.fixed_addresses.push_back({*dotted, item.id, host});
+      one = words.AtEnd() && !wants_v6;
+    } else if (const auto address = klepur::Address::ParseLenient(word)) {
+      facts.fixed_addresses.push_back({facts.addresses6.size(), item.id, host, 1});
+      facts.addresses6.push_back(*address);
+      one = words.AtEnd() && wants_v6;
     }
   }
   return one && facts.fixed_addresses.back().statement == item.id &&
@@ -141,6 +142,12 @@ bool HasExpression(const Item& item) {
   return !value.empty() && value.front() == '=';
 }
 
+/// Where a host gets its addresses by where it stands.
+NodeId NetworkOf(const Frame& frame) {
+  if (frame.shared_network != kNoNode) return frame.shared_network;
+  return frame.subnet != kNoNode ? frame.subnet : kRoot;
+}
+
 /// "option NAME code ..." and "option space NAME", and the options that are set.
 void GatherOption(const Item& item, Facts& facts) {
   WordsOfText words(item.value);
@@ -193,7 +200,7 @@ Frame GatherBlock(const Item& item, Facts& facts) {
     case kInHost:
       frame.host = facts.hosts.size();
       facts.hosts.push_back(
-          {item.id, HashOf(NameOfHost(item.value)), frame.subnet, frame.shared_network});
+          {item.id, HashOf(NameOfHost(item.value)), frame.subnet, NetworkOf(frame)});
       break;
     case kInSubnet:
       frame.subnet = item.id;

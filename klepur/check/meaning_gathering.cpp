@@ -42,6 +42,25 @@ void AddName(const Item& item, std::vector<NamedFact>& facts) {
   if (!name.empty()) facts.push_back({item.id, name});
 }
 
+/// Hosts get addresses where their fixed addresses are.
+void FindHomes(Facts& facts) {
+  std::uint32_t address = 0;
+  for (std::uint32_t host = 0; host != facts.hosts.size(); ++host) {
+    NodeId last = kNoNode;
+    for (; address != facts.fixed_addresses.size() && facts.fixed_addresses[address].host == host;
+         ++address) {
+      const SubnetFact* const subnet = facts.SubnetOf(facts.fixed_addresses[address]);
+      if (subnet == nullptr || subnet->Network() == last) continue;
+      if (last == kNoNode) {
+        facts.hosts[host].network = subnet->Network();
+      } else {
+        facts.more_homes.push_back({host, subnet->Network()});
+      }
+      last = subnet->Network();
+    }
+  }
+}
+
 }  // namespace
 
 void GatherReferences(const Item& item, Facts& facts) {
@@ -76,24 +95,11 @@ void GatherReferences(const Item& item, Facts& facts) {
 void FinishFacts(Facts& facts) {
   facts.subnet_table.Make(facts.subnets);
   for (FixedAddressFact& address : facts.fixed_addresses) {
-    if (const SubnetFact* const subnet = facts.subnet_table.Around(address.value))
-      address.subnet = static_cast<std::uint32_t>(subnet - facts.subnets.data());
+    if (const SubnetFact* const subnet = facts.subnet_table.Around(facts.AddressOf(address)))
+      address.subnet =
+          static_cast<std::uint32_t>(subnet - facts.subnets.data()) & FixedAddressFact::kNoSubnet;
   }
-  std::uint32_t address = 0;
-  for (std::uint32_t host = 0; host != facts.hosts.size(); ++host) {
-    const HostFact& fact = facts.hosts[host];
-    NodeId last = kNoNode;
-    for (; address != facts.fixed_addresses.size() && facts.fixed_addresses[address].host == host;
-         ++address) {
-      const SubnetFact* const subnet = facts.SubnetOf(facts.fixed_addresses[address]);
-      if (subnet == nullptr || subnet->Network() == last) continue;
-      last = subnet->Network();
-      facts.homes.push_back({host, last});
-    }
-    if (last != kNoNode) continue;
-    const NodeId around = fact.shared_network != kNoNode ? fact.shared_network : fact.subnet;
-    facts.homes.push_back({host, around != kNoNode ? around : kRoot});
-  }
+  FindHomes(facts);
 }
 
 }  // namespace klepur::internal

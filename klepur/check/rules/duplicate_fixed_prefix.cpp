@@ -2,13 +2,11 @@
 #include <klepur/check/equal_values.h>
 #include <klepur/check/rules/rules.h>
 
-#include <vector>
-
 namespace klepur::internal {
 
 void DuplicateFixedPrefix(const Facts& facts, Report& report) {
   const auto& all = facts.fixed_prefixes;
-  std::vector<std::uint32_t> hashes;
+  LargeArray<std::uint32_t> hashes;
   for (const auto& one : all) hashes.push_back(static_cast<std::uint32_t>(one.value.Hash()));
   ForEachEqual(
       hashes, [&](std::uint32_t i, std::uint32_t j) { return all[i].value == all[j].value; },

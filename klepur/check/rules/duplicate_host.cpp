@@ -6,7 +6,6 @@
 #include <klepur/document/words_of_text.h>
 
 #include <string>
-#include <vector>
 
 namespace klepur::internal {
 namespace {
@@ -22,7 +21,7 @@ std::string_view NameOf(const HostFact& host, const DocumentState& state) {
 
 void DuplicateHost(const Facts& facts, Report& report) {
   const auto name = [&](std::uint32_t i) { return NameOf(facts.hosts[i], facts.state); };
-  std::vector<std::uint32_t> hashes;
+  LargeArray<std::uint32_t> hashes;
   hashes.reserve(facts.hosts.size());
   for (const HostFact& host : facts.hosts) hashes.push_back(host.name_hash);
   ForEachEqual(

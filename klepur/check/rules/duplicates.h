@@ -12,14 +12,10 @@
 
 namespace klepur::internal {
 
-/// The first home of a host, sought from one of another host on: mostly it is the next one. Where hosts stand in
-/// each other it may be anywhere.
-inline const HomeFact* FirstHomeOf(std::uint32_t host, const HomeFact* from, const Facts& facts) {
-  constexpr int kSteps = 8;
-  for (int step = 0; step != kSteps && from->host < host; ++step) ++from;
-  if (from->host == host) return from;
+/// The first of the networks of a host that are not HostFact::network.
+inline const HomeFact* MoreHomesOf(std::uint32_t host, const Facts& facts) {
   return std::lower_bound(
-      facts.homes.begin(), facts.homes.end(), host,
+      facts.more_homes.begin(), facts.more_homes.end(), host,
       [](const HomeFact& home, std::uint32_t wanted) { return home.host < wanted; });
 }
 
@@ -33,18 +29,22 @@ void ForEachDuplicate(const Facts& facts, const Values& values, const Hash& hash
     std::uint32_t value;
     NodeId network;  ///< One where its host gets addresses.
   };
-  std::vector<AtHome> all;
-  std::vector<std::uint32_t> hashes;
+  LargeArray<AtHome> all;
+  LargeArray<std::uint32_t> hashes;
   all.reserve(values.size());
   hashes.reserve(values.size());
-  const HomeFact* home = facts.homes.begin();
   for (std::uint32_t i = 0; i != values.size(); ++i) {
     const std::uint32_t host = values[i].host;
-    if (home->host != host) home = FirstHomeOf(host, home, facts);
-    const auto value_hash = static_cast<std::uint32_t>(hash(values[i]));
-    for (const HomeFact* at = home; at != facts.homes.end() && at->host == host; ++at) {
-      all.push_back({i, at->network});
-      hashes.push_back(value_hash ^ (at->network * 0x9E3779B1U));
+    const std::uint32_t value_hash = hash(values[i]);
+    const auto add = [&](NodeId network) {
+      all.push_back({i, network});
+      hashes.push_back(value_hash ^ (network * 0x9E3779B1U));
+    };
+    add(facts.hosts[host].network);
+    if (facts.more_homes.empty()) continue;
+    for (const HomeFact* more = MoreHomesOf(host, facts);
+         more != facts.more_homes.end() && more->host == host; ++more) {
+      add(more->network);
     }
   }
   NodeId told = kNoNode;
@@ -61,14 +61,6 @@ void ForEachDuplicate(const Facts& facts, const Values& values, const Hash& hash
         told = here.statement;
         tell(here, before);
       });
-}
-
-/// The same of values that have a hash and can be compared.
-template <class Values, class Tell>
-void ForEachDuplicate(const Facts& facts, const Values& values, const Tell& tell) {
-  ForEachDuplicate(
-      facts, values, [](const auto& one) { return one.value.Hash(); },
-      [](const auto& one, const auto& other) { return one.value == other.value; }, tell);
 }
 
 }  // namespace klepur::internal

@@ -9,7 +9,7 @@ void FixedAddressOutsideSubnets(const Facts& facts, Report& report) {
   for (const auto& address : facts.fixed_addresses) {
     if (facts.SubnetOf(address) != nullptr) continue;
     report.Add({.node = address.statement,
-                .message = "the address " + address.value.Text() + " is in no subnet"});
+                .message = "the address " + facts.AddressOf(address).Text() + " is in no subnet"});
   }
 }
 

@@ -39,10 +39,11 @@ void NetworkAddressHandedOut(const Facts& facts, Report& report) {
       network = subnet->prefix.First();
       broadcast = subnet->prefix.Last();
     }
-    if (address.value != network && address.value != broadcast) continue;
+    const AddressKey value = facts.AddressOf(address);
+    if (value != network && value != broadcast) continue;
     if (!HasBroadcast(subnet)) continue;
-    const char* const what = address.value == network ? "network" : "broadcast";
-    ReportIf(true, what, address.value.ToAddress(), address.statement, *subnet, report);
+    const char* const what = value == network ? "network" : "broadcast";
+    ReportIf(true, what, value.ToAddress(), address.statement, *subnet, report);
   }
 }
 
