@@ -1,5 +1,5 @@
-// Compares reading a DHCPv4 configuration file into a document, edits of it, a check of it, and the first
-// question of each kind to its network, with what stands beside them.
+// Compares reading a DHCPv4 configuration file into a document, edits of it, a check of it, what saving it with the
+// configuration class would lose, and the first question of each kind to its network, with what stands beside them.
 //
 //     compare_document FILE ROUNDS
 //
@@ -8,6 +8,7 @@
 #include <klepur/check/checker.h>
 #include <klepur/document/document.h>
 #include <klepur/network/network.h>
+#include <klepur/rewrite/rewrite_losses.h>
 #include <rapidjson/document.h>
 
 #include <cstddef>
@@ -160,17 +161,31 @@ double CheckAll(const std::string& path) {
   return seconds;
 }
 
+/// What saving would lose: of a file of which it would lose nothing, or with a statement behind all blocks, which
+/// comes to stand before them.
+double FindLosses(const std::string& text) {
+  std::vector<klepur::RewriteLoss> losses;
+  const double seconds = SecondsFor([&] { losses = klepur::FindRewriteLosses(text); });
+  Check(losses.empty(), "nothing of a generated file is lost");
+  return seconds;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   const CommandLine arguments(argc, argv);
   const std::string& path = arguments.file;
   const std::string size = ", " + Megabytes(arguments.FileSize());
+  const FileText text(path);
+  const std::string whole(text.View());
+  const std::string moving = whole + "max-lease-time 7200;\n";
   std::vector<Samples> samples;
   {
     const std::string json = JsonOfTree(path);
-    std::vector<Work> works = {[&] { return Read(path); }, [&] { return ParseWithRapidJson(json); },
-                               [&] { return EditMany(path); }, [&] { return CheckAll(path); }};
+    std::vector<Work> works = {
+        [&] { return Read(path); },        [&] { return ParseWithRapidJson(json); },
+        [&] { return EditMany(path); },    [&] { return CheckAll(path); },
+        [&] { return FindLosses(whole); }, [&] { return FindLosses(moving); }};
     for (const Question& question : kQuestions) {
       works.emplace_back([&] { return Ask(path, question); });
     }
@@ -180,14 +195,15 @@ int main(int argc, char** argv) {
            0.35);
   PrintRow("Document, 10000 edits" + size, samples[2], "reading it", samples[0], 1.0);
   PrintRow("Document, checked by all rules" + size, samples[3], "reading it", samples[0], 3.0);
-  std::size_t work = 4;
+  PrintRow("FindRewriteLosses" + size, samples[4], "reading it", samples[0], 5.0);
+  PrintRow("FindRewriteLosses, another order" + size, samples[5], "reading it", samples[0], 5.0);
+  std::size_t work = 6;
   for (const Question& question : kQuestions) {
     PrintRow(std::string("Network, first question: ") + question.kind + size, samples[work++],
              "reading it", samples[0], 3.0);
   }
 
   Change change(path);
-  const FileText text(path);
   samples =
       InTurn(arguments.rounds, {[&] { return change.Run(); }, [&] { return Copy(text.View()); }});
   PrintRow("Document, set one statement, text" + size, samples[0], "a copy of the file", samples[1],

@@ -4,6 +4,7 @@
 
 #include <klepur/check/check_rules.h>
 #include <klepur/check/checker.h>
+#include <klepur/check/edit_check.h>
 #include <klepur/config4/dhcp_config_file.h>
 #include <klepur/config6/dhcpv6_config_file.h>
 #include <klepur/document/document.h>

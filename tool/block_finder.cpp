@@ -1,5 +1,6 @@
 #include <tool/block_finder.h>
 
+#include <klepur/document/document.h>
 #include <klepur/network/prefix.h>
 
 #include <fmt/core.h>
@@ -83,7 +84,7 @@ struct BlockFinder::Step {
         if (step.kind != "failover") --key_words;
       } else {
         if (!step.name.empty()) step.name += ' ';
-        step.name += Unquoted(piece.text);
+        step.name += WithoutQuotes(piece.text);
       }
     }
     step.line = OneLine(std::string_view(text).substr(end));
@@ -311,7 +312,9 @@ void BlockFinder::ThrowNoneIn(const Node& scope, const Step& step,
   for (Node node = scope; node; node = NextBelow(node, scope)) {
     if (node.Is(NodeKind::kBlock) && node != scope) {
       const std::string name = fmt::format("{} {}", node.Keyword(), NameOf(node));
-      if (IsSlipOf(sought, name) || (!step.name.empty() && NameOf(node) == step.name)) {
+      // Who typed a name only meant a block of that name.
+      const std::string& own = step.name.empty() ? step.text : step.name;
+      if (IsSlipOf(sought, name) || NameOf(node) == own || node.Name().rfind(own + " ", 0) == 0) {
         add(WithLine(node, names.Path(node)));
       }
     }
@@ -322,7 +325,7 @@ void BlockFinder::ThrowNoneIn(const Node& scope, const Step& step,
     }
   }
   if (count > kMostCandidates) near += fmt::format("\n  and {} more", count - kMostCandidates);
-  if (IsPattern(step.name)) near += "\n  (a pattern is taken for one with --all)";
+  if (IsPattern(step.name)) near += "\n  (a pattern is taken for one by edits with --all)";
   throw Problem(ExitStatus::kNothing, message + (count > 0 ? "; near it are:" : "") + near);
 }
 

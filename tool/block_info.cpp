@@ -6,6 +6,7 @@
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>
 
+#include <algorithm>
 #include <utility>
 
 #include <tool/addresses.h>
@@ -117,16 +118,20 @@ BlockInfo InfoOf(const Node& block, BlockNames& names, Detail detail) {
   return info;
 }
 
-std::vector<BlockInfo> AllBlocks(const Document& document, Detail detail) {
+std::vector<BlockInfo> AllBlocks(const Document& document, Detail detail,
+                                 const std::vector<std::string>& kinds) {
   /// A block around the one that the walk is at, with what in it is commented out.
   struct Around {
     Node block;
-    std::string path;
+    std::string path;  ///< Made when there is something in it.
     std::vector<DisabledNode> disabled;
     std::size_t next = 0;
   };
   std::vector<BlockInfo> blocks;
   BlockNames names(document);
+  const auto is_wanted = [&kinds](const std::string& kind) {
+    return kinds.empty() || std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
+  };
   const Node root = document.Root();
   std::vector<Around> around;
   around.push_back({root, {}, DisabledBelow(root), 0});
@@ -136,20 +141,26 @@ std::vector<BlockInfo> AllBlocks(const Document& document, Detail detail) {
     while (around.back().block != parent) around.pop_back();
     Around& in = around.back();
     const std::size_t depth = around.size() - 1;
+    if (in.path.empty() && depth != 0) {
+      const std::string& outer = around[depth - 1].path;
+      in.path =
+          outer.empty() ? names.Step(in.block) : outer + std::string(kStep) + names.Step(in.block);
+    }
     if (node.Is(NodeKind::kComment)) {
       if (in.next == in.disabled.size() || in.disabled[in.next].comment != node) continue;
       const DisabledNode& disabled = in.disabled[in.next++];
       if (disabled.is_block) AppendDisabled(disabled, in.path, depth, detail, blocks);
       continue;
     }
-    BlockInfo info = ContentOf(node, detail);
-    info.in = in.path;
-    info.line = node.Begin().line;
-    info.depth = depth;
-    std::string path =
-        in.path.empty() ? names.Step(node) : in.path + std::string(kStep) + names.Step(node);
-    blocks.push_back(std::move(info));
-    around.push_back({node, std::move(path), DisabledBelow(node), 0});
+    BlockInfo& info = blocks.emplace_back();
+    info.kind = node.Keyword();
+    if (is_wanted(info.kind)) {
+      info = ContentOf(node, detail);
+      info.in = in.path;
+      info.line = node.Begin().line;
+      info.depth = depth;
+    }
+    around.push_back({node, {}, DisabledBelow(node), 0});
   }
   return blocks;
 }

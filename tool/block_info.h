@@ -37,8 +37,10 @@ enum class Detail { kValues, kStatements };
 /// What is said of one block, or of a statement such as a range, which then has no name.
 BlockInfo InfoOf(const Node& block, BlockNames& names, Detail detail);
 
-/// All blocks of a document and those that are commented out, in the order of the text.
-std::vector<BlockInfo> AllBlocks(const Document& document, Detail detail);
+/// All blocks of a document and those that are commented out, in the order of the text. When kinds are given, of
+/// blocks of others no more is told than their kind.
+std::vector<BlockInfo> AllBlocks(const Document& document, Detail detail,
+                                 const std::vector<std::string>& kinds);
 
 }  // namespace klepur::tool
 

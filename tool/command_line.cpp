@@ -79,6 +79,10 @@ struct CommandLine::Parser {
       if (parsed->count() == 0) continue;
       std::vector<std::string> results;
       if (!option->value.empty()) results = parsed->reduced_results();
+      // As a shell makes of a variable that is not set: `--verify ''` must not save unverified.
+      if (!results.empty() && results[0].empty()) {
+        ThrowUsage(fmt::format("{}: the value of --{} is empty", command.name, option->name));
+      }
       if (option->offer == Offer::kChoice)
         CheckChoice(fmt::format("--{}", option->name), option->choices, results[0]);
       values.emplace(option->name, std::move(results));
@@ -109,6 +113,9 @@ struct CommandLine::Parser {
       std::vector<std::string> taken(words.begin() + static_cast<std::ptrdiff_t>(next),
                                      words.begin() + static_cast<std::ptrdiff_t>(next + take));
       next += take;
+      if (std::count(taken.begin(), taken.end(), std::string()) != 0) {
+        ThrowUsage(fmt::format("{}: {} is empty", command.name, argument.name));
+      }
       if (argument.offer == Offer::kChoice && !taken.empty()) {
         CheckChoice(argument.name, argument.choices, taken[0]);
       }

@@ -372,8 +372,9 @@ const std::vector<Example>& ExitStatuses() {
       {"2", "the command line, a script or a given text was not understood"},
       {"3", "a file could not be read or written"},
       {"4",
-       "refused: the edit brings in an error, the file changed meanwhile or is locked, or --verify "
-       "said no"},
+       "refused: the edit brings in an error, the file changed meanwhile, is locked or could only "
+       "be "
+       "written in place, or --verify said no"},
   };
   return statuses;
 }

@@ -269,26 +269,115 @@ fi
   return text;
 }
 
+/// What fish calls to have the words of an offer; empty for what it has itself.
+std::string FishWords(Offer offer) {
+  if (offer != Offer::kBlock && offer != Offer::kKind && offer != Offer::kKeyword) return {};
+  return fmt::format(" -a '(__klepur_words {})'", SourceOf(offer));
+}
+
 std::string FishOption(const Command& command, const Option& option) {
   std::string line = fmt::format("complete -c klepur -n '__fish_seen_subcommand_from {}' -l {}",
                                  command.name, option.name);
   if (option.letter != 0) line += fmt::format(" -s {}", option.letter);
   if (!option.value.empty()) line += option.offer == Offer::kFile ? " -r -F" : " -x";
   if (!option.choices.empty()) line += fmt::format(" -a {}", FishQuote(option.choices));
-  return line + fmt::format(" -d {}\n", FishQuote(option.help));
+  return line + FishWords(option.offer) + fmt::format(" -d {}\n", FishQuote(option.help));
+}
+
+/// The options of a command that have a value, as words.
+std::string ValuedOptions(const Command& command) {
+  std::string names;
+  for (const Option& option : command.options) {
+    if (option.value.empty()) continue;
+    names += fmt::format(" --{}", option.name);
+    if (option.letter != 0) names += fmt::format(" -{}", option.letter);
+  }
+  return names;
+}
+
+/// The functions of fish that tell what can stand at the cursor, and print what an offer has.
+std::string FishFunctions() {
+  std::string text =
+      R"sh(# The arguments before the cursor, options and their values left out, a line each.
+function __klepur_arguments
+  set -l words (commandline -opc)
+  set -l valued
+  switch "$words[2]"
+)sh";
+  for (const Command& command : Commands()) {
+    const std::string valued = ValuedOptions(command);
+    if (!valued.empty())
+      text += fmt::format("    case {}\n      set valued{}\n", command.name, valued);
+  }
+  text += R"sh(  end
+  set -e words[1..2]
+  set -l is_value no
+  for word in $words
+    if test $is_value = yes
+      set is_value no
+    else if contains -- $word $valued
+      set is_value yes
+    else if not string match -q -- '-?*' $word
+      printf '%s\n' $word
+    end
+  end
+end
+
+# Whether the argument at the cursor is of a source.
+function __klepur_offers
+  set -l words (commandline -opc)
+  set -l sources
+  switch "$words[2]"
+)sh";
+  for (const Command& command : Commands()) {
+    const std::string sources = Sources(command);
+    if (!sources.empty())
+      text += fmt::format("    case {}\n      set sources {}\n", command.name, sources);
+  }
+  text += R"sh(  end
+  set -l place (math (__klepur_arguments | count) + 1)
+  if test (count $sources) -gt 0
+    and string match -q -- '*...' $sources[-1]
+    and test $place -gt (count $sources)
+    set place (count $sources)
+  end
+  test "$argv[1]" = (string replace -- ... '' "$sources[$place]")
+end
+
+# The words of a source, a line each.
+function __klepur_words
+  switch $argv[1]
+    case block
+      set -l arguments (__klepur_arguments)
+      klepur list "$arguments[1]" 2>/dev/null | awk -F '\t' '$2 != "" { print $1 " " $2 }'
+    case kind
+)sh";
+  text += fmt::format("      printf '%s\\n' {}\n", kKinds);
+  return text + R"sh(    case keyword
+      klepur words 2>/dev/null | cut -f 1
+  end
+end
+
+)sh";
 }
 
 std::string FishScript() {
-  std::string text = "# Completion of klepur for fish.\n";
+  std::string text = "# Completion of klepur for fish.\n" + FishFunctions();
   const std::string none = "complete -c klepur -n __fish_use_subcommand";
-  text += none + " -f -l help -d 'how to use klepur'\n";
-  text += none + " -f -l version -d 'the version of klepur'\n";
+  text += "complete -c klepur -f\n";
+  text += "complete -c klepur -n '__klepur_offers file' -F\n";
+  for (const Offer offer : {Offer::kBlock, Offer::kKind, Offer::kKeyword}) {
+    text += fmt::format("complete -c klepur -n '__klepur_offers {}'{}\n", SourceOf(offer),
+                        FishWords(offer));
+  }
+  text += none + " -l help -d 'how to use klepur'\n";
+  text += none + " -l version -d 'the version of klepur'\n";
   for (const Command& command : Commands()) {
-    text += fmt::format("{} -f -a {} -d {}\n", none, command.name, FishQuote(command.summary));
+    text += fmt::format("{} -a {} -d {}\n", none, command.name, FishQuote(command.summary));
     for (const Option& option : command.options) text += FishOption(command, option);
     const std::string choices = command.name == "help" ? CommandNames() : ChoicesOf(command);
     if (!choices.empty()) {
-      text += fmt::format("complete -c klepur -f -n '__fish_seen_subcommand_from {}' -a {}\n",
+      text += fmt::format("complete -c klepur -n '__fish_seen_subcommand_from {}' -a {}\n",
                           command.name, FishQuote(choices));
     }
   }

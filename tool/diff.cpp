@@ -5,6 +5,7 @@
 #include <tool/commands.h>
 #include <tool/meaning_diff.h>
 #include <tool/output.h>
+#include <tool/problem.h>
 #include <tool/source.h>
 
 namespace klepur::tool {
@@ -32,6 +33,9 @@ std::string LineText(std::size_t line) {
 
 ExitStatus RunDiff(const Invocation& invocation) {
   const Output output(invocation);
+  if (invocation.Argument("OLD") == kStandard && invocation.Argument("NEW") == kStandard) {
+    throw Problem(ExitStatus::kUsage, "diff: only one of OLD and NEW can be standard input");
+  }
   const Document old_document = ReadDocument(invocation.Argument("OLD"));
   const Document new_document = ReadDocument(invocation.Argument("NEW"));
   Table table = {{"CHANGE", "WHAT", "IN", "OLD", "NEW", "OLD LINE", "NEW LINE"}, {}};

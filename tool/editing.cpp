@@ -2,7 +2,6 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <sstream>
@@ -25,31 +24,41 @@ namespace {
 /// How many edits of one command are told one by one.
 constexpr std::size_t kMostNotes = 20;
 
-void SayNotes(const EditedFile& file, const std::vector<EditNote>& notes, std::string_view behind) {
+/// Says what was done, and where; of a script by which line of it.
+void SayNotes(const EditedFile& file, const std::string& script, const std::vector<EditNote>& notes,
+              std::string_view behind) {
   for (std::size_t i = 0; i < notes.size() && i < kMostNotes; ++i) {
     const EditNote& note = notes[i];
-    SayPlain(fmt::format("{}:{}: {}{}", file.Name(), note.Line(), note.text, behind));
+    const bool is_of_script = note.script_line != 0;
+    SayPlain(fmt::format("{}:{}: {}{}", is_of_script ? script : file.Name(),
+                         is_of_script ? note.script_line : note.Line(), note.text, behind));
     for (const std::string& comment : note.comments) {
       SayPlain(fmt::format("  with its comment: {}", OneLine(comment)));
     }
   }
   if (notes.size() > kMostNotes) {
-    SayPlain(fmt::format("{}: and {} more{}", file.Name(), notes.size() - kMostNotes, behind));
+    SayPlain(fmt::format("{}: and {} more{}", script.empty() ? file.Name() : script,
+                         notes.size() - kMostNotes, behind));
   }
 }
 
 Records EditsOf(const std::vector<EditNote>& notes) {
   Records edits;
   for (const EditNote& note : notes) {
-    edits.push_back(
-        Record().With("line", note.Line()).With("text", note.text).With("comments", note.comments));
+    Record& edit = edits.emplace_back();
+    if (note.script_line != 0) edit.With("script_line", note.script_line);
+    if (const std::size_t line = note.Line()) edit.With("line", line);
+    edit.With("text", note.text).With("comments", note.comments);
   }
   return edits;
 }
 
 /// Checks, shows and saves what was edited, and says so.
+///
+/// \param script  the name of the script, or empty
 ExitStatus Finish(const Invocation& invocation, EditedFile& file,
-                  const std::vector<EditNote>& notes, const std::string& summary) {
+                  const std::vector<EditNote>& notes, const std::string& script = {},
+                  const std::string& summary = {}) {
   const Output output(invocation);
   if (!invocation.Has("force")) RefuseNewErrors(file);
   const bool shows_diff = file.IsDry() || invocation.Has("diff");
@@ -67,10 +76,9 @@ ExitStatus Finish(const Invocation& invocation, EditedFile& file,
   const std::string_view behind = file.IsDry() ? " (not saved)" : "";
   if (!is_changed) {
     SayPlain(fmt::format("{}: nothing to change", file.Name()));
-  } else if (!summary.empty()) {
-    SayPlain(fmt::format("{}: {}{}", file.Name(), summary, behind));
   } else {
-    SayNotes(file, notes, behind);
+    SayNotes(file, script, notes, behind);
+    if (!summary.empty()) SayPlain(fmt::format("{}: {}{}", file.Name(), summary, behind));
   }
   for (const std::string& note : saved.notes) SayPlain(fmt::format("{}: {}", file.Name(), note));
   return ExitStatus::kDone;
@@ -85,16 +93,22 @@ class Script {
   std::size_t ApplyTo(Document& document) {
     std::size_t count = 0;
     document.AsOne([&] {
-      Editor editor(document, Editor::Tells::kNothing);
+      Editor editor(document, Editor::Tells::kNames);
       std::istringstream lines(text_);
       std::size_t number = 0;
       for (std::string line; std::getline(lines, line);) {
         ++number;
+        editor.SetScriptLine(number);
         if (ApplyLine(editor, line, number)) ++count;
       }
+      notes_ = editor.Notes();
     });
     return count;
   }
+
+  const std::string& Name() const { return name_; }
+  /// What was done.
+  const std::vector<EditNote>& Notes() const { return notes_; }
 
  private:
   bool ApplyLine(Editor& editor, const std::string& line, std::size_t number) {
@@ -135,25 +149,17 @@ class Script {
 
   std::string name_;
   std::string text_;
+  std::vector<EditNote> notes_;
   std::map<std::string, std::unique_ptr<CommandLine>> lines_;
 };
-
-std::string ReadScript(const std::string& path) {
-  if (path == kStandard) return ReadStandardInput();
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  if (!file) throw Problem(ExitStatus::kFile, fmt::format("{}: cannot be read", path));
-  return text.str();
-}
 
 }  // namespace
 
 ExitStatus RunEdit(const Invocation& invocation) {
   EditedFile file(invocation);
-  Editor editor(file.Document(), Editor::Tells::kEachEdit);
+  Editor editor(file.Document(), Editor::Tells::kPaths);
   editor.Apply(invocation);
-  return Finish(invocation, file, editor.Notes(), {});
+  return Finish(invocation, file, editor.Notes());
 }
 
 ExitStatus RunScript(const Invocation& invocation) {
@@ -161,10 +167,11 @@ ExitStatus RunScript(const Invocation& invocation) {
   if (path == kStandard && invocation.Argument("FILE") == kStandard) {
     throw Problem(ExitStatus::kUsage, "edit: only one of FILE and SCRIPT can be standard input");
   }
-  Script script(ShownName(path), ReadScript(path));
+  Script script(ShownName(path), ReadWhole(path));
   EditedFile file(invocation);
   const std::size_t count = script.ApplyTo(file.Document());
-  return Finish(invocation, file, {}, fmt::format("{} edit{}", count, count == 1 ? "" : "s"));
+  return Finish(invocation, file, script.Notes(), script.Name(),
+                fmt::format("{} edit{}", count, count == 1 ? "" : "s"));
 }
 
 }  // namespace klepur::tool

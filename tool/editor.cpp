@@ -129,7 +129,7 @@ Node OneDisabledStatement(const Document& document, const Node& block, const std
 
 Editor::Editor(Document& document, Tells tells)
     : document_(&document),
-      tells_(tells == Tells::kEachEdit),
+      tells_paths_(tells == Tells::kPaths),
       finder_(document),
       places_(document, finder_.GetNetwork()) {}
 
@@ -272,7 +272,8 @@ void Editor::Move(const Invocation& edit) {
   Node to;
   const Placement placement = PlacementOf(edit, "to", to);
   if (!to) ThrowUsage("move: --to is missing");
-  const std::string place = tells_ ? BlockNames(*document_).Path(to) : std::string();
+  BlockNames names(*document_);
+  const std::string place = NameOfBlock(to, names);
   for (Target& target : Targets(edit)) {
     if (target.node.Is(NodeKind::kFile)) ThrowUsage("the whole file cannot be moved");
     target.node.MoveTo(to, placement);
@@ -297,9 +298,8 @@ void Editor::RemoveAll(const std::vector<Node>& nodes) {
   for (Target& target : Named(nodes)) {
     if (target.node.IsGone()) continue;  // it went with a block around it
     RemovalReport report = target.node.Remove();
-    if (!tells_) continue;
-    notes_.push_back(
-        {Node(), target.line, fmt::format("removed {}", target.name), std::move(report.comments)});
+    notes_.push_back({Node(), target.line, fmt::format("removed {}", target.name),
+                      std::move(report.comments), script_line_});
   }
 }
 
@@ -308,19 +308,27 @@ std::vector<Editor::Target> Editor::Named(const std::vector<Node>& nodes) const 
   BlockNames names(*document_);
   for (const Node& node : nodes) {
     targets.push_back({node, {}, 0});
-    if (!tells_) continue;
     Target& target = targets.back();
-    target.line = node.Begin().line;
+    if (tells_paths_) target.line = node.Begin().line;
     if (node.Is(NodeKind::kBlock) || node.Is(NodeKind::kFile)) {
-      target.name = names.Path(node);
+      target.name = NameOfBlock(node, names);
       continue;
     }
-    const std::string around = names.In(node);
+    const Node around = node.Parent();
     target.name = WithoutSemicolon(node.Text());
     if (target.name.empty()) target.name = OneLine(node.Text());  // a comment
-    if (!around.empty()) target.name += " in " + around;
+    if (around.Is(NodeKind::kBlock)) target.name += " in " + NameOfBlock(around, names);
   }
   return targets;
+}
+
+std::string Editor::NameOfBlock(const Node& block, BlockNames& names) const {
+  if (tells_paths_ || block.Is(NodeKind::kFile)) return names.Path(block);
+  if (!block.Name().empty()) return names.Step(block);
+  // Which of its kind it is would be counted in the whole file.
+  const Node around = block.Parent();
+  const bool is_named = around.Is(NodeKind::kBlock) && !around.Name().empty();
+  return (is_named ? names.Step(around) + std::string(kStep) : "") + block.Keyword();
 }
 
 std::vector<Editor::Target> Editor::Targets(const Invocation& edit) const {
@@ -354,7 +362,7 @@ Placement Editor::PlacementOf(const Invocation& edit, const std::string& in, Nod
 }
 
 void Editor::Tell(const Node& where, const std::string& text) {
-  if (tells_) notes_.push_back({where, 0, OneLine(text), {}});
+  notes_.push_back({where, 0, OneLine(text), {}, script_line_});
 }
 
 }  // namespace klepur::tool

@@ -17,10 +17,11 @@ namespace klepur::tool {
 
 /// What an edit did, and where.
 struct EditNote {
-  Node where;                         ///< No node for what was removed.
-  std::size_t line_before;            ///< Where it stood, of what was removed.
-  std::string text;                   ///< "set max-lease-time 7200 in host pc-17"
+  Node where;               ///< No node for what was removed.
+  std::size_t line_before;  ///< Where it stood, of what was removed; 0 when that is not known.
+  std::string text;         ///< "set max-lease-time 7200 in host pc-17"
   std::vector<std::string> comments;  ///< That went with what was removed, as they stood.
+  std::size_t script_line = 0;        ///< The line of the script that says so.
 
   /// Where it stands, or stood. Cost after an edit: linear in the file.
   std::size_t Line() const { return where ? where.Begin().line : line_before; }
@@ -29,8 +30,8 @@ struct EditNote {
 class Editor {
  public:
   enum class Tells {
-    kEachEdit,  ///< Notes what was done and where: for each command a time in proportion to the file.
-    kNothing,
+    kPaths,  ///< Names blocks with those around them: for each command a time in proportion to the file.
+    kNames,  ///< Names blocks alone, and does not know where those stood that it removed.
   };
 
   Editor(Document& document, Tells tells);
@@ -39,7 +40,10 @@ class Editor {
   /// blocks that are not there and for text that is not understood, and what the document throws.
   void Apply(const Invocation& edit);
 
+  /// What was done so far.
   const std::vector<EditNote>& Notes() const { return notes_; }
+  /// The commands that follow stand in this line of a script.
+  void SetScriptLine(std::size_t line) { script_line_ = line; }
 
  private:
   using Operation = void (Editor::*)(const Invocation&);
@@ -57,8 +61,7 @@ class Editor {
   /// What an edit is about, and what it is called, noted before anything is edited.
   struct Target {
     Node node;
-    std::string
-        name;  ///< "host pc-17", "max-lease-time 600 in host pc-17"; empty when nothing is told.
+    std::string name;  ///< "host pc-17", "max-lease-time 600 in host pc-17"
     std::size_t line = 0;
   };
   std::vector<Target> Named(const std::vector<Node>& nodes) const;
@@ -66,10 +69,12 @@ class Editor {
   Placement PlacementOf(const Invocation& edit, const std::string& in, Node& parent) const;
   Node SetStatement(Node block, const std::string& statement);
   void RemoveAll(const std::vector<Node>& nodes);
+  std::string NameOfBlock(const Node& block, BlockNames& names) const;
   void Tell(const Node& where, const std::string& text);
 
   Document* document_;
-  bool tells_;
+  bool tells_paths_;
+  std::size_t script_line_ = 0;
   BlockFinder finder_;
   HostPlaces places_;
   std::vector<EditNote> notes_;

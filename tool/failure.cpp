@@ -51,6 +51,10 @@ std::string MessageOf(const std::exception& failure) {
     return rejected->what() + (rejected->Output().empty() ? "" : Indented(rejected->Output()));
   }
   if (dynamic_cast<const std::bad_alloc*>(&failure) != nullptr) return "there is not enough memory";
+  const auto* const error = dynamic_cast<const Error*>(&failure);
+  if (error != nullptr && error->Code() == ErrorCode::kRefused) {
+    return std::string(error->what()) + ", as --in-place does";
+  }
   return failure.what();
 }
 

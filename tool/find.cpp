@@ -167,7 +167,12 @@ class Search {
     std::sort(spellings.begin(), spellings.end());
     spellings.erase(std::unique(spellings.begin(), spellings.end()), spellings.end());
     std::vector<TextSearch::Blocks> found = {text_.AroundNumbers(spellings)};
-    for (const std::string& text : spellings) found.push_back(text_.AroundText(text));
+    const bool is_numbers =
+        std::any_of(spellings.begin(), spellings.end(),
+                    [&](const std::string& bytes) { return TextSearch::IsNumbers(what, bytes); });
+    for (const std::string& text : spellings) {
+      if (!is_numbers || text != what) found.push_back(text_.AroundText(text));
+    }
     std::vector<Node> all;
     for (const TextSearch::Blocks& blocks : found) {
       if (!blocks) return std::nullopt;

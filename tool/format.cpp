@@ -91,7 +91,9 @@ ExitStatus RunFormat(const Invocation& invocation) {
       records.push_back(record.With("saved", formatted.saved).With("diff", formatted.diff));
     } catch (const std::exception& failure) {
       // The other files are formatted all the same.
-      Say(fmt::format("{}: {}", ShownName(path), MessageOf(failure)));
+      const std::string front = ShownName(path) + ": ";
+      const std::string message = MessageOf(failure);
+      Say(message.rfind(front, 0) == 0 ? message : front + message);
       status = std::max(status, StatusOf(failure));
     }
   }

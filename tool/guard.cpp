@@ -1,6 +1,7 @@
 #include <tool/guard.h>
 
 #include <klepur/check/checker.h>
+#include <klepur/check/edit_check.h>
 
 #include <fmt/core.h>
 
@@ -35,7 +36,7 @@ Said WhatIsSaid(const std::vector<CheckFinding>& findings) {
 }  // namespace
 
 void RefuseNewErrors(EditedFile& file) {
-  if (!file.IsChanged()) return;
+  if (!file.IsChanged() || EditsBringNoError(file.Document(), file.AsRead())) return;
   const Progress progress(fmt::format("checking {}", file.Name()));
   const std::vector<CheckFinding> after = ErrorsOf(file.Document());
   if (after.empty()) return;

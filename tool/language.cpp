@@ -77,16 +77,6 @@ std::string Plain(std::string_view text) {
   return plain;
 }
 
-std::string Unquoted(std::string_view word) {
-  if (word.size() < 2 || word.front() != '"' || word.back() != '"') return std::string(word);
-  std::string text;
-  for (std::size_t i = 1; i + 1 < word.size(); ++i) {
-    if (word[i] == '\\' && i + 2 < word.size()) ++i;
-    text += word[i];
-  }
-  return text;
-}
-
 std::vector<std::string> Divided(std::string_view text, char divider) {
   std::vector<std::string> parts;
   std::size_t begin = 0;
@@ -130,7 +120,10 @@ std::vector<std::string> ShellWords(std::string_view line) {
       add(byte);
     }
   }
-  if (quote != 0) throw Problem(ExitStatus::kUsage, "a quote is not closed");
+  if (quote != 0) {
+    throw Problem(ExitStatus::kUsage,
+                  std::string("a quote is not closed: ") + quote + words.back());
+  }
   return words;
 }
 

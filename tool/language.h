@@ -30,9 +30,6 @@ std::vector<Piece> PiecesOf(std::string_view text);
 /// comments: what two ways of writing the same have in common.
 std::string Plain(std::string_view text);
 
-/// The text between quotes, without backslashes; any other word as it is.
-std::string Unquoted(std::string_view word);
-
 /// The parts of a text that a character divides outside of strings, without the blanks around them.
 std::vector<std::string> Divided(std::string_view text, char divider);
 

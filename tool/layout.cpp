@@ -71,13 +71,19 @@ class Layout {
     if (EndsInSemicolon(block)) text_ += ';';
   }
 
+  /// How many lines end between a node and what is before it.
+  std::size_t LineEndsBefore(const Node& node) const {
+    const std::string_view before = whole_.substr(0, node.Offset());
+    const std::size_t end = before.find_last_not_of(" \t\n\v\f\r") + 1;
+    return static_cast<std::size_t>(
+        std::count(before.begin() + static_cast<std::ptrdiff_t>(end), before.end(), '\n'));
+  }
+
   /// Whether a comment stands on the line on which something before it ends, or opens.
   bool StandsBehind(const Node& comment) const {
-    const std::size_t line = comment.Begin().line;
-    if (const Node before = comment.Previous())
-      return before.End().line == line && !before.Is(NodeKind::kComment);
-    const Node block = comment.Parent();
-    return block.Is(NodeKind::kBlock) && LineOfBrace(block) == line;
+    if (LineEndsBefore(comment) != 0) return false;
+    const Node before = comment.Previous();
+    return before ? !before.Is(NodeKind::kComment) : comment.Parent().Is(NodeKind::kBlock);
   }
 
   /// Where the "{" of a block stands; between it and the header there may be blanks and comments.
@@ -87,12 +93,6 @@ class Layout {
       piece = PieceBehind(whole_, piece.offset + piece.text.size());
     }
     return piece.offset;
-  }
-
-  std::size_t LineOfBrace(const Node& block) const {
-    const std::string_view before = whole_.substr(block.Offset(), BraceOf(block) - block.Offset());
-    return block.Begin().line +
-           static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
   }
 
   /// The header and the "{", with the comments between them.
@@ -105,8 +105,7 @@ class Layout {
 
   void NewLine(const Node& node) {
     if (!text_.empty()) text_ += '\n';
-    const Node before = node.Previous();
-    if (before && node.Begin().line > before.End().line + 1) text_ += '\n';
+    if (node.Previous() && LineEndsBefore(node) > 1) text_ += '\n';
     text_ += Indent();
   }
 
@@ -129,7 +128,8 @@ class Layout {
 
   /// A block that can stay on its line; empty if it cannot.
   std::string OneLineBlock(const Node& block) const {
-    if (block.Begin().line != block.End().line || !block.FirstChild()) return {};
+    const Node first = block.FirstChild();
+    if (!first || LineEndsBefore(first) != 0 || block.Begin().line != block.End().line) return {};
     if (block.Keyword() == "if" || IsElse(block)) return {};
     std::string line = Spaced(block.Header()) + " {";
     for (const Node& child : block.Children()) {
@@ -181,16 +181,19 @@ bool HasErrors(const Document& document) {
                      [](const Finding& finding) { return finding.severity == Severity::kError; });
 }
 
-/// The words of a text as one line each, to compare.
-std::string WordsOf(const std::string& text) {
-  std::string words;
-  for (const Piece& piece : PiecesOf(text)) {
-    std::string_view word = piece.text;
-    if (piece.IsComment()) word = word.substr(0, word.find_last_not_of(" \t\r") + 1);
-    words += word;
-    words += '\n';
+/// Whether two texts have the same words and comments.
+bool HaveSameWords(std::string_view left, std::string_view right) {
+  const auto without_blanks = [](const Piece& piece) {
+    if (!piece.IsComment()) return piece.text;
+    return piece.text.substr(0, piece.text.find_last_not_of(" \t\r") + 1);
+  };
+  Piece at_left = PieceBehind(left, 0);
+  Piece at_right = PieceBehind(right, 0);
+  while (!at_left.text.empty() && without_blanks(at_left) == without_blanks(at_right)) {
+    at_left = PieceBehind(left, at_left.offset + at_left.text.size());
+    at_right = PieceBehind(right, at_right.offset + at_right.text.size());
   }
-  return words;
+  return at_left.text.empty() && at_right.text.empty();
 }
 
 std::string WithLineEnds(const std::string& text, std::string_view like) {
@@ -212,7 +215,7 @@ std::string LaidOut(const Document& document, const std::string& step) {
   }
   const std::string before = document.Text();
   std::string text = Layout(document, before, step).Text();
-  if (WordsOf(text) != WordsOf(before)) {
+  if (!HaveSameWords(text, before)) {
     throw Problem(ExitStatus::kRefused, "it cannot be laid out without changing it");
   }
   return WithLineEnds(text, before);

@@ -31,7 +31,7 @@ std::vector<std::string> WordsOf(const Node& statement) {
   std::vector<std::string> words;
   const std::string text = statement.Text();
   for (const Piece& piece : PiecesOf(text)) {
-    if (!piece.IsComment() && !piece.Is(';')) words.push_back(Unquoted(piece.text));
+    if (!piece.IsComment() && !piece.Is(';')) words.push_back(WithoutQuotes(piece.text));
   }
   return words;
 }

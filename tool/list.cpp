@@ -2,6 +2,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include <tool/block_info.h>
@@ -20,16 +21,6 @@ std::string Joined(const std::vector<std::string>& elements) {
   return text;
 }
 
-std::vector<std::string> CellsOf(const BlockInfo& block, const std::string& kind) {
-  return {kind,
-          block.name,
-          block.identity,
-          Joined(block.addresses),
-          block.in,
-          std::to_string(block.line),
-          block.disabled ? "disabled" : ""};
-}
-
 /// All blocks below each other as they stand in each other.
 Table Overview(const std::vector<BlockInfo>& blocks) {
   Table table = {{"BLOCK", "IDENTITY", "ADDRESSES", "LINE", "STATE"}, {}};
@@ -43,11 +34,20 @@ Table Overview(const std::vector<BlockInfo>& blocks) {
   return table;
 }
 
-Table TableOf(const std::vector<BlockInfo>& blocks) {
+Table TableOf(std::vector<BlockInfo> blocks) {
   Table table = {{"KIND", "NAME", "IDENTITY", "ADDRESSES", "IN", "LINE", "STATE"}, {}};
-  for (const BlockInfo& block : blocks) {
-    table.rows.push_back(
-        {CellsOf(block, block.kind), block.disabled ? Style::kFaint : Style::kPlain});
+  table.rows.reserve(blocks.size());
+  for (BlockInfo& block : blocks) {
+    Table::Row& row = table.rows.emplace_back();
+    row.style = block.disabled ? Style::kFaint : Style::kPlain;
+    row.cells.reserve(table.headings.size());
+    row.cells.push_back(std::move(block.kind));
+    row.cells.push_back(std::move(block.name));
+    row.cells.push_back(std::move(block.identity));
+    row.cells.push_back(Joined(block.addresses));
+    row.cells.push_back(std::move(block.in));
+    row.cells.push_back(std::to_string(block.line));
+    row.cells.emplace_back(block.disabled ? "disabled" : "");
   }
   return table;
 }
@@ -85,9 +85,9 @@ void KeepKinds(std::vector<BlockInfo>& blocks, const std::vector<std::string>& k
 ExitStatus RunList(const Invocation& invocation) {
   const Output output(invocation);
   const Document document = ReadDocument(invocation.Argument("FILE"));
-  std::vector<BlockInfo> blocks =
-      AllBlocks(document, output.IsJson() ? Detail::kStatements : Detail::kValues);
   const std::vector<std::string>& kinds = invocation.Arguments("KIND");
+  std::vector<BlockInfo> blocks =
+      AllBlocks(document, output.IsJson() ? Detail::kStatements : Detail::kValues, kinds);
   if (!kinds.empty()) KeepKinds(blocks, kinds);
   const std::string order = invocation.Value("sort");
   if (order == "address" || (order.empty() && !kinds.empty())) SortByAddress(blocks);
@@ -104,7 +104,7 @@ ExitStatus RunList(const Invocation& invocation) {
   } else if (output.IsTerminal() && kinds.empty() && (order.empty() || order == "file")) {
     output.Print(Overview(blocks));
   } else {
-    output.Print(TableOf(blocks));
+    output.Print(TableOf(std::move(blocks)));
   }
   return ExitStatus::kDone;
 }

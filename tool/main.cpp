@@ -3,6 +3,7 @@
 
 #include <fmt/core.h>
 
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -69,6 +70,7 @@ ExitStatus RunAndFlush(const std::vector<std::string>& words) {
 
 int main(int count, char** words) {
   using namespace klepur::tool;
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow so far is told as any other failure
   try {
     return static_cast<int>(RunAndFlush(std::vector<std::string>(words + 1, words + count)));
   } catch (const std::exception& failure) {

@@ -97,8 +97,8 @@ Findings of *check* are lines as compilers write them. With *--json* each comman
 	each with *keyword*, *value*, *from* and *line*
 
 *edits*, *saved*, *diff* (the commands that edit)
-	each edit with *line*, *text* and *comments*, those that were removed with it; whether the file was written; the
-	diff that was asked for
+	each edit with *line*, *text* and *comments*, those that were removed with it; of a script also *script\_line*,
+	and no *line* for what is gone. Whether the file was written; the diff that was asked for
 
 *findings* (check)
 	each with *file*, *line*, *column*, *severity*, *rule* and *message*; *other\_line* where two places are at odds,

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include <tool/block_names.h>
@@ -46,8 +48,8 @@ class Comparison {
   std::vector<Difference> Run() {
     pairs_.emplace_back(old_root_, new_root_);
     ComparePairs();
-    MatchMoved();
-    ComparePairs();
+    // Of what moved, something may have moved on.
+    while (MatchMoved()) ComparePairs();
     ReportRest();
     std::stable_sort(found_.begin(), found_.end(),
                      [](const Difference& left, const Difference& right) {
@@ -167,8 +169,10 @@ class Comparison {
 
   /// Takes away the blocks that say the same, word by word.
   static void PairEqual(Nodes& old_blocks, Nodes& new_blocks) {
-    std::multimap<std::string, Node> by_text;
-    for (const Node& block : old_blocks) by_text.emplace(Plain(block.Text()), block);
+    std::multimap<std::string, std::size_t> by_text;
+    for (std::size_t i = 0; i < old_blocks.size(); ++i) {
+      by_text.emplace(Plain(old_blocks[i].Text()), i);
+    }
     Nodes left;
     for (const Node& block : new_blocks) {
       const auto same = by_text.find(Plain(block.Text()));
@@ -176,41 +180,79 @@ class Comparison {
         left.push_back(block);
         continue;
       }
-      old_blocks.erase(std::find(old_blocks.begin(), old_blocks.end(), same->second));
+      old_blocks[same->second] = Node();
       by_text.erase(same);
     }
+    Drop(old_blocks, [](const Node& node) { return !node; });
     new_blocks = std::move(left);
   }
 
-  /// The named blocks of these and in these, by their keys.
-  static std::map<std::string, Nodes> NamedIn(const Nodes& blocks) {
+  /// Where blocks begin.
+  using Places = std::unordered_set<std::size_t>;
+
+  /// The named blocks of these and in these, by their keys; those that moved, and what is in them, left out.
+  static std::map<std::string, Nodes> NamedIn(const Nodes& blocks, const Places& moved) {
     std::map<std::string, Nodes> named;
     for (const Node& block : blocks) {
-      if (HasName(block)) named[KeyOf(block)].push_back(block);
-      for (Node node = block.FirstChild(); node; node = NextBelow(node, block)) {
+      Node node = block;
+      while (node) {
+        if (moved.count(node.Offset()) != 0) {
+          node = NextBehind(node, block);
+          continue;
+        }
         if (node.Is(NodeKind::kBlock) && HasName(node)) named[KeyOf(node)].push_back(node);
+        node = NextBelow(node, block);
       }
     }
     return named;
   }
 
-  void MatchMoved() {
-    const std::map<std::string, Nodes> old_named = NamedIn(gone_);
-    for (const auto& [key, now] : NamedIn(new_)) {
+  /// Pairs the blocks that are gone in one place and new in another, and says whether there were any.
+  bool MatchMoved() {
+    const std::map<std::string, Nodes> old_named = NamedIn(gone_, moved_from_);
+    std::vector<std::pair<Node, Node>> matches;
+    std::unordered_map<std::size_t, std::size_t> places;
+    for (const auto& [key, now] : NamedIn(new_, moved_to_)) {
       const auto before = old_named.find(key);
       if (before == old_named.end() || before->second.size() != 1 || now.size() != 1) continue;
-      const Node& from = before->second.front();
-      const Node& to = now.front();
-      Take(gone_, from);
-      Take(new_, to);
-      found_.push_back({Kind::kMoved, key, InPath(to.Parent()), old_names_.In(from),
+      matches.emplace_back(before->second.front(), now.front());
+      places.emplace(now.front().Offset(), before->second.front().Offset());
+    }
+    for (const auto& [from, to] : matches) {
+      if (WentWithBlock(from, to, places)) continue;
+      moved_from_.insert(from.Offset());
+      moved_to_.insert(to.Offset());
+      found_.push_back({Kind::kMoved, KeyOf(to), InPath(to.Parent()), old_names_.In(from),
                         new_names_.In(to), from.Begin().line, to.Begin().line});
       pairs_.emplace_back(from, to);
     }
+    Drop(gone_, [&](const Node& node) { return moved_from_.count(node.Offset()) != 0; });
+    Drop(new_, [&](const Node& node) { return moved_to_.count(node.Offset()) != 0; });
+    return !matches.empty();
   }
 
-  static void Take(Nodes& nodes, const Node& node) {
-    nodes.erase(std::remove(nodes.begin(), nodes.end(), node), nodes.end());
+  /// Whether a block only went with one around it, with which it is compared: the next one around the new place that
+  /// has a match has it around the old place.
+  ///
+  /// \param places  the new places with the old ones.
+  static bool WentWithBlock(Node from, Node to,
+                            const std::unordered_map<std::size_t, std::size_t>& places) {
+    std::unordered_map<std::size_t, std::size_t>::const_iterator around;
+    do {
+      to = to.Parent();
+      if (to.Is(NodeKind::kFile)) return false;
+      around = places.find(to.Offset());
+    } while (around == places.end());
+    do {
+      from = from.Parent();
+      if (from.Is(NodeKind::kFile)) return false;
+    } while (from.Offset() != around->second);
+    return true;
+  }
+
+  template <class Is>
+  static void Drop(Nodes& nodes, const Is& is) {
+    nodes.erase(std::remove_if(nodes.begin(), nodes.end(), is), nodes.end());
   }
 
   void ReportRest() {
@@ -241,6 +283,8 @@ class Comparison {
   std::vector<std::pair<Node, Node>> pairs_;
   Nodes gone_;
   Nodes new_;
+  Places moved_from_;
+  Places moved_to_;
   std::vector<Difference> found_;
 };
 

@@ -27,11 +27,13 @@ EditedFile::EditedFile(const Invocation& invocation, const std::string& path, bo
     if (output_.empty()) output_ = std::string(kStandard);
     input_ = ReadStandardInput();
     document_ = klepur::Document(input_);
+    as_read_ = document_.GetMark();
     return;
   }
   const bool is_replaced = !is_dry_ && output_.empty();
   file_ = is_replaced ? StoredFile::OpenLocked(path_) : StoredFile::Open(path_);
   document_ = file_->Read();
+  as_read_ = document_.GetMark();
 }
 
 std::string EditedFile::Name() const {

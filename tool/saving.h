@@ -32,6 +32,8 @@ class EditedFile {
   EditedFile(const Invocation& invocation, const std::string& path, bool only_reads);
 
   klepur::Document& Document() { return document_; }
+  /// What the document was when it was read. Not for a file that was replaced.
+  const klepur::Document::Mark& AsRead() const { return as_read_; }
   /// Takes a new text instead of the document.
   void Replace(std::string text);
   /// Whether the text is another than what was read.
@@ -61,6 +63,7 @@ class EditedFile {
   std::optional<StoredFile> file_;  ///< None for standard input.
   std::string input_;               ///< What standard input held.
   klepur::Document document_;
+  klepur::Document::Mark as_read_;
 };
 
 }  // namespace klepur::tool

@@ -17,6 +17,9 @@ Document ReadDocument(const std::string& path);
 /// All of standard input. Throws Problem(kFile).
 std::string ReadStandardInput();
 
+/// All of a file of any kind; "-" is standard input. Throws Problem(kFile).
+std::string ReadWhole(const std::string& path);
+
 /// How a file is called in messages: its path, "standard input" for "-".
 std::string ShownName(const std::string& path);
 

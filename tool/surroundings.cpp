@@ -42,13 +42,7 @@ Surroundings SurroundingsOf(const Document& document, const Address& address) {
     const bool is_block = node.Is(NodeKind::kBlock);
     const std::string keyword = node.Keyword();
     if (keyword == "host") {
-      // What is in a host is passed over.
-      Node next = node.Next();
-      while (!next && node != root) {
-        node = node.Parent();
-        next = node == root ? Node() : node.Next();
-      }
-      node = next;
+      node = NextBehind(node, root);
       continue;
     }
     if (is_block && (keyword == "subnet" || keyword == "subnet6")) {

@@ -1,6 +1,7 @@
 #include <tool/text_search.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 #include <tool/walk.h>
@@ -15,12 +16,23 @@ bool IsDigit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
+constexpr std::array<signed char, 256> MadeDigitValues() {
+  std::array<signed char, 256> values = {};
+  for (signed char& value : values) value = -1;
+  for (signed char digit = 0; digit < 10; ++digit) {
+    values[static_cast<std::size_t>('0' + digit)] = digit;
+  }
+  for (signed char digit = 10; digit < 16; ++digit) {
+    values[static_cast<std::size_t>('a' + digit - 10)] = digit;
+    values[static_cast<std::size_t>('A' + digit - 10)] = digit;
+  }
+  return values;
+}
+
 /// The value of a hexadecimal digit, or -1.
 int DigitValue(char byte) {
-  if (IsDigit(byte)) return byte - '0';
-  if (byte >= 'a' && byte <= 'f') return byte - 'a' + 10;
-  if (byte >= 'A' && byte <= 'F') return byte - 'A' + 10;
-  return -1;
+  static constexpr std::array<signed char, 256> kValues = MadeDigitValues();
+  return kValues[static_cast<unsigned char>(byte)];
 }
 
 bool IsBlank(char byte) {
@@ -69,6 +81,25 @@ class NumberSeries {
   std::size_t at_;
 };
 
+/// Whether what begins at a place are as many numbers of two digits each as there are bytes, of which the last one
+/// is another: most hardware addresses are dismissed so.
+bool IsPlainlyAnother(std::string_view text, std::size_t begin, std::string_view bytes) {
+  const std::size_t size = bytes.size() * 3 - 1;
+  if (text.size() - begin <= size || DigitValue(text[begin + size]) >= 0) return false;
+  const char* const first = text.data() + begin;
+  for (std::size_t i = 0; i < size; i += 3) {
+    if (DigitValue(first[i]) < 0 || DigitValue(first[i + 1]) < 0) return false;
+    if (i + 2 < size && first[i + 2] != ':') return false;
+  }
+  const int last = DigitValue(first[size - 2]) * 16 + DigitValue(first[size - 1]);
+  return last != static_cast<unsigned char>(bytes.back());
+}
+
+/// A byte that configuration files hardly have.
+bool IsRare(char byte) {
+  return (byte >= '\0' && byte < '\t') || (byte > '\r' && byte < ' ');
+}
+
 /// The first byte of the number before a colon; npos if there is none, or it is not known.
 std::size_t NumberBefore(std::string_view text, std::size_t colon) {
   std::size_t end = colon;
@@ -114,6 +145,8 @@ bool TextSearch::IsGoodFor() const {
 TextSearch::Blocks TextSearch::AroundText(std::string_view text) const {
   std::vector<std::size_t> offsets;
   if (text.size() < 3) return std::nullopt;
+  const auto* const rare = std::find_if(text.begin(), text.end(), IsRare);
+  if (rare != text.end() && text_.find(*rare) == std::string_view::npos) return BlocksAt(offsets);
   for (std::size_t at = 0; offsets.size() <= kMostPlaces; ++at) {
     const void* const found =
         memmem(text_.data() + at, text_.size() - at, text.data(), text.size());
@@ -138,6 +171,7 @@ TextSearch::Blocks TextSearch::AroundNumbers(const std::vector<std::string>& any
       continue;
     }
     for (const std::string& bytes : any) {
+      if (!bytes.empty() && IsPlainlyAnother(text_, begin, bytes)) continue;
       NumberSeries series(text_, begin);
       if (series.BeginsWith(bytes)) offsets.push_back(begin);
       if (series.IsCut()) return std::nullopt;
@@ -146,6 +180,11 @@ TextSearch::Blocks TextSearch::AroundNumbers(const std::vector<std::string>& any
     while (at < text_.size() && (text_[at] == ':' || DigitValue(text_[at]) >= 0)) ++at;
   }
   return BlocksAt(offsets);
+}
+
+bool TextSearch::IsNumbers(std::string_view text, std::string_view bytes) {
+  return !bytes.empty() && text.find(':') != std::string_view::npos &&
+         NumberBefore(text, text.find(':')) == 0 && NumberSeries(text, 0).BeginsWith(bytes);
 }
 
 TextSearch::Blocks TextSearch::AroundAddress(const Address& address) const {

@@ -31,6 +31,8 @@ class TextSearch {
   Blocks AroundText(std::string_view text) const;
   /// Where one of these byte strings is written as hexadecimal numbers: "0:16:3E:10:0:17".
   Blocks AroundNumbers(const std::vector<std::string>& any) const;
+  /// Whether AroundNumbers finds a text for these bytes wherever it stands as a word.
+  static bool IsNumbers(std::string_view text, std::string_view bytes);
   /// Where the address is written, in any spelling.
   Blocks AroundAddress(const Address& address) const;
 

@@ -9,13 +9,20 @@ namespace klepur::tool {
 /// The node behind `node` in the order of the text, of those below `top`; none behind the last one.
 ///
 ///     for (Node node = top.FirstChild(); node; node = NextBelow(node, top)) ...
-inline Node NextBelow(Node node, const Node& top) {
-  if (const Node child = node.FirstChild()) return child;
+inline Node NextBelow(Node node, const Node& top);
+
+/// The same, passing over what is below `node`.
+inline Node NextBehind(Node node, const Node& top) {
   while (node != top) {
     if (const Node next = node.Next()) return next;
     node = node.Parent();
   }
   return Node();
+}
+
+inline Node NextBelow(Node node, const Node& top) {
+  const Node child = node.FirstChild();
+  return child ? child : NextBehind(node, top);
 }
 
 /// Whether a node stands in another, at any depth.

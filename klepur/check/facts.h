@@ -154,7 +154,8 @@ struct Facts {
   std::vector<NamedFact> failover_peer_uses;
   std::vector<NamedFact> keys;
   std::vector<NamedFact> failover_peers;
-  std::vector<NamedFact> option_definitions;  ///< "space.name"
+  std::vector<NamedFact> option_definitions;   ///< "space.name"
+  std::vector<const Word*> redefined_options;  ///< Those of the server that the file defines anew.
   std::vector<NamedFact> option_spaces;
   std::vector<NamedFact> includes;
   /// Each use of an option, in a statement or an expression, that is not in the table of words.

@@ -1,6 +1,6 @@
 #include <klepur/check/host_names.h>
 
-#include <klepur/document/node_text.h>
+#include <klepur/document/document.h>
 #include <klepur/document/words_of_text.h>
 #include <klepur/text/letters.h>
 

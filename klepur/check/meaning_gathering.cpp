@@ -69,12 +69,17 @@ void GatherReferences(const Item& item, Facts& facts) {
     case Reference::kClassUse:
       return AddName(item, facts.class_uses);
     case Reference::kGroup:
-      return AddName(item, block ? facts.groups : facts.group_uses);
+      if (block) return AddName(item, facts.groups);
+      if (item.around.scope == kInHost) AddName(item, facts.group_uses);
+      return;
     case Reference::kKeyUse:
-      if (!block) AddName(item, facts.key_uses);
+      // Elsewhere "omapi-key" does nothing, and "key" is a block without its "{".
+      if (!block && item.around.scope == (item.word->name == "key" ? kInZone : kInFile)) {
+        AddName(item, facts.key_uses);
+      }
       return;
     case Reference::kPeerUse:
-      if (!block) AddName(item, facts.failover_peer_uses);
+      if (!block && item.around.scope != kInFile) AddName(item, facts.failover_peer_uses);
       return;
     case Reference::kRange:
       facts.subnets_with_ranges.push_back(item.around.subnet);

@@ -38,6 +38,10 @@ std::string OptionNames::SpaceOf(std::string_view name) {
   return full.substr(0, full.find('.'));
 }
 
+bool OptionNames::IsSpaceOfServer(std::string_view space) {
+  return std::find(std::begin(kSpaces), std::end(kSpaces), space) != std::end(kSpaces);
+}
+
 bool OptionNames::HasSpace(const std::string& space) const {
   return spaces_.count(space) != 0;
 }

@@ -17,6 +17,8 @@ class OptionNames {
 
   /// The space in the name of an option, in small letters: "dhcp" where it has none.
   static std::string SpaceOf(std::string_view name);
+  /// Whether the server has it by itself.
+  static bool IsSpaceOfServer(std::string_view space);
   bool HasSpace(const std::string& space) const;
   /// Of a space that there is.
   bool HasOption(std::string_view name) const;

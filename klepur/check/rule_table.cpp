@@ -45,6 +45,9 @@ constexpr Rule kTable[] = {
     {"malformed-flag", kError, "A flag is neither on nor off"},
     {"malformed-text", kError, "A text has no quotes"},
     {"malformed-data", kError, "Bytes are neither a text nor in hexadecimal"},
+    {"malformed-date", kError, "A date is none"},
+    {"malformed-duid", kError, "The identifier of the server is none"},
+    {"malformed-expression", kError, "An expression or condition cannot be read"},
     {"unknown-choice", kError, "A value is none of those that there are"},
 
     // Networks.

@@ -9,8 +9,8 @@
 namespace klepur::internal {
 namespace {
 
-// "no" begins the undocumented "no failover peer", which takes no ";".
-constexpr std::string_view kOthers[] = {"no"};
+// "no" begins the undocumented "no failover peer" of pools, which takes no ";".
+constexpr std::string_view kNo = "no";
 
 // Words that begin an expression, and stand for none by themselves.
 constexpr std::string_view kOfExpressions[] = {"known", "static", "exists"};
@@ -29,8 +29,8 @@ bool IsOperator(std::string_view word) {
 bool IsRefusedUnknownWord(const Item& item) {
   if (item.unfinished || item.first.empty() || IsPermission(item)) return false;
   if (!IsLetter(item.first.front())) return true;
-  if (std::any_of(std::begin(kOthers), std::end(kOthers),
-                  [&](std::string_view other) { return EqualButForCase(other, item.first); })) {
+  if (EqualButForCase(item.first, kNo) &&
+      (item.around.scope == kInPool || item.around.scope == kNowhere)) {
     return false;
   }
   if (item.kind == NodeKind::kBlock) return true;

@@ -146,9 +146,10 @@ void Walk::VisitNode(NodeId id, const SyntaxNode& node) {
   GatherReferences(item, facts_);
   if (node.kind == NodeKind::kStatement) {
     const bool is_right = GatherStatement(item, facts_);
-    if (!is_right && !broken && item.word != nullptr) CheckValue(item, report_);
+    if (!is_right && !broken) CheckValue(item, facts_, report_);
     return;
   }
+  if (!broken && item.word != nullptr) CheckValue(item, facts_, report_);
   const NodeId child = state_.tree.FirstChild(id);
   const Frame frame = GatherBlock(item, facts_);
   if (child == kNoNode) return;

@@ -49,6 +49,7 @@ constexpr std::pair<std::string_view, Role> kRoles[] = {
 };
 
 constexpr std::pair<std::string_view, Reference> kReferences[] = {
+    {"add", Reference::kClassUse},
     {"allow members of", Reference::kClassUse},
     {"default-lease-time", Reference::kDefaultLeaseTime},
     {"failover peer", Reference::kPeerUse},

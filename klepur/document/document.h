@@ -119,6 +119,9 @@ class KLEPUR_EXPORT Document {
 /// A text between quotes as the language writes it, with a backslash before quotes and backslashes:
 /// Quoted("z#1") is "\"z#1\"".
 KLEPUR_EXPORT std::string Quoted(std::string_view text);
+/// The text between the quotes of a word, without the backslashes before other bytes: WithoutQuotes("\"z#1\"") is
+/// "z#1". A word without quotes as it is.
+KLEPUR_EXPORT std::string WithoutQuotes(std::string_view word);
 
 }  // namespace klepur
 

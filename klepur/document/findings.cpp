@@ -31,51 +31,22 @@ std::size_t WhereBlockIsMissing(std::string_view text) {
   return text.size() - 1;
 }
 
-/// Whether a statement that begins with a word has a plain value, in which no name, condition or expression of
-/// the caller's stands.
-bool HasPlainValue(std::string_view first) {
-  static constexpr std::string_view kOthers[] = {
-      "append", "default", "eval",  "execute",   "failover", "host-identifier", "key",
-      "lease",  "log",     "match", "not",       "peer",     "prepend",         "return",
-      "set",    "send",    "spawn", "supersede", "unset"};
-  const Begins begins = WordOf(NumberOf(first)).begins;
-  if (NumberOf(first) == kUnknownWord ||
-      (begins != Begins::kStatement && begins != Begins::kAlone)) {
-    return false;
-  }
-  return std::none_of(std::begin(kOthers), std::end(kOthers),
-                      [first](std::string_view other) { return EqualButForCase(first, other); });
-}
-
-/// The first word in a statement that only begins statements; empty when there is none.
+/// The first word in a statement that only begins statements; empty when there is none, or when what may stand
+/// there is the caller's.
 std::string_view StatementWithin(std::string_view text) {
-  static constexpr std::string_view kOnlyBegin[] = {"default-lease-time",
-                                                    "filename",
-                                                    "fixed-address",
-                                                    "fixed-address6",
-                                                    "fixed-prefix6",
-                                                    "hardware",
-                                                    "max-lease-time",
-                                                    "min-lease-time",
-                                                    "next-server",
-                                                    "option",
-                                                    "prefix6",
-                                                    "range",
-                                                    "range6",
-                                                    "server-name"};
   WordsOfText words(text);
-  const std::string_view first = words.Next();
-  const std::size_t key_words = WordOf(NumberOf(first)).key_words;
-  if (!HasPlainValue(first) || text.find_first_of("=(") != std::string_view::npos) return {};
+  const StructureWord& first = WordOf(NumberOf(words.Next()));
+  const bool alone = first.begins == Begins::kAlone;
+  if (first.text.empty() || first.holds == Holds::kAnything ||
+      (!alone && first.begins != Begins::kStatement) ||
+      text.find_first_of("=(") != std::string_view::npos) {
+    return {};
+  }
   std::size_t count = 1;
-  std::string_view last = first;
-  const auto begins = [](std::string_view word) {
-    return std::any_of(std::begin(kOnlyBegin), std::end(kOnlyBegin),
-                       [word](std::string_view other) { return EqualButForCase(word, other); });
-  };
+  std::string_view last = first.text;
   for (std::string_view word = words.Next(); !word.empty(); last = word, word = words.Next()) {
-    const bool alone = WordOf(NumberOf(first)).begins == Begins::kAlone;
-    if (++count > (alone ? 1 : key_words + 1) && last != "," && begins(word)) return word;
+    const bool is_value = ++count > (alone ? 1U : first.key_words + 1U);
+    if (is_value && last != "," && WordOf(NumberOf(word)).stands == Stands::kFirst) return word;
   }
   return {};
 }

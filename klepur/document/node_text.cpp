@@ -19,6 +19,16 @@ std::string Quoted(std::string_view text) {
   return quoted + '"';
 }
 
+std::string WithoutQuotes(std::string_view word) {
+  if (word.size() < 2 || word.front() != '"' || word.back() != '"') return std::string(word);
+  std::string text;
+  for (std::size_t i = 1; i + 1 < word.size(); ++i) {
+    if (word[i] == '\\' && i + 2 < word.size()) ++i;
+    text += word[i];
+  }
+  return text;
+}
+
 }  // namespace klepur
 
 namespace klepur::internal {
@@ -75,6 +85,19 @@ bool TakeSame(std::string_view word, std::string_view& key) {
   return true;
 }
 
+/// The words behind a key that a text begins with; nothing when it has another one.
+std::optional<WordsOfText> BehindKey(std::string_view text, std::string_view key) {
+  if (!MayBegin(text, key)) return std::nullopt;
+  std::string_view rest = key;
+  bool same = true;
+  const WordsOfText behind = OverKey(text, [&](std::string_view word) {
+    if (rest.size() != key.size()) same = TakeSame(" ", rest) && same;
+    same = TakeSame(word, rest) && same;
+  });
+  if (!same || !rest.empty()) return std::nullopt;
+  return behind;
+}
+
 }  // namespace
 
 std::string KeyOf(std::string_view text) {
@@ -93,20 +116,7 @@ std::string NormalKey(std::string_view key) {
 }
 
 bool HasKey(std::string_view text, std::string_view key) {
-  if (!text.empty() && !key.empty() && ToSmallLetter(text.front()) != key.front()) return false;
-  const std::string_view first = LeadingWord(text);
-  if (!EqualButForCase(first, key.substr(0, first.size()))) return false;
-  std::string_view rest = key;
-  bool same = true;
-  OverKey(text, [&](std::string_view word) {
-    if (rest.size() != key.size()) {
-      same = same && !rest.empty() && rest.front() == ' ';
-      rest.remove_prefix(same ? 1 : 0);
-    }
-    same = same && EqualButForCase(word, rest.substr(0, word.size()));
-    rest.remove_prefix(same ? word.size() : 0);
-  });
-  return same && rest.empty();
+  return BehindKey(text, key).has_value();
 }
 
 std::size_t KeySize(std::string_view text) {
@@ -144,26 +154,9 @@ ValuePlace ValueIn(std::string_view statement) {
 }
 
 std::optional<std::string_view> ValueOfKey(std::string_view statement, std::string_view key) {
-  if (!MayBegin(statement, key)) return std::nullopt;
-  const std::string_view text = WithoutSemicolon(statement);
-  std::string_view rest = key;
-  bool same = true;
-  const WordsOfText behind = OverKey(text, [&](std::string_view word) {
-    if (rest.size() != key.size()) same = TakeSame(" ", rest) && same;
-    same = TakeSame(word, rest) && same;
-  });
-  if (!same || !rest.empty()) return std::nullopt;
-  return WithoutGaps(behind.Rest());
-}
-
-std::string WithoutQuotes(std::string_view word) {
-  if (word.size() < 2 || word.front() != '"' || word.back() != '"') return std::string(word);
-  std::string text;
-  for (std::size_t i = 1; i + 1 < word.size(); ++i) {
-    if (word[i] == '\\' && i + 2 < word.size()) ++i;
-    text += word[i];
-  }
-  return text;
+  const std::optional<WordsOfText> behind = BehindKey(WithoutSemicolon(statement), key);
+  if (!behind) return std::nullopt;
+  return WithoutGaps(behind->Rest());
 }
 
 bool IsBareWord(std::string_view word) {

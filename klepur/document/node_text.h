@@ -32,8 +32,6 @@ ValuePlace ValueIn(std::string_view statement);
 /// The value of a statement with this key, which is as KeyOf gives it; nothing of one with another.
 std::optional<std::string_view> ValueOfKey(std::string_view statement, std::string_view key);
 
-/// A string's text without quotes and backslashes, or the word itself.
-std::string WithoutQuotes(std::string_view word);
 /// Whether a word can stand without quotes.
 bool IsBareWord(std::string_view word);
 

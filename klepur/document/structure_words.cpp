@@ -18,7 +18,7 @@ constexpr StructureWord kWords[] = {
     {"allow", Begins::kStatement, 2},
     {"always-broadcast", Begins::kStatement, 1},
     {"always-reply-rfc1048", Begins::kStatement, 1},
-    {"append", Begins::kStatement, 2},
+    {"append", Begins::kStatement, 2, Holds::kAnything},
     {"authoritative", Begins::kAlone, 1},
     {"auto-partner-down", Begins::kStatement, 1},
     {"bind-local-address6", Begins::kStatement, 1},
@@ -40,7 +40,7 @@ constexpr StructureWord kWords[] = {
     {"ddns-update-style", Begins::kStatement, 1},
     {"ddns-updates", Begins::kStatement, 1},
     {"default", Begins::kLabel, 1},
-    {"default-lease-time", Begins::kStatement, 1},
+    {"default-lease-time", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
     {"define", Begins::kEither, 1},
     {"delayed-ack", Begins::kStatement, 1},
     {"deny", Begins::kStatement, 2},
@@ -56,19 +56,19 @@ constexpr StructureWord kWords[] = {
     {"echo-client-id", Begins::kStatement, 1},
     {"else", Begins::kBranch, 1},
     {"elsif", Begins::kBranch, 1},
-    {"eval", Begins::kStatement, 1},
-    {"execute", Begins::kStatement, 1},
+    {"eval", Begins::kStatement, 1, Holds::kAnything},
+    {"execute", Begins::kStatement, 1, Holds::kAnything},
     {"failover", Begins::kEither, 2},
-    {"filename", Begins::kStatement, 1},
-    {"fixed-address", Begins::kStatement, 1},
-    {"fixed-address6", Begins::kStatement, 1},
-    {"fixed-prefix6", Begins::kStatement, 1},
+    {"filename", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
+    {"fixed-address", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
+    {"fixed-address6", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
+    {"fixed-prefix6", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
     {"get-lease-hostnames", Begins::kStatement, 1},
     {"group", Begins::kEither, 1},
-    {"hardware", Begins::kStatement, 1},
+    {"hardware", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
     {"hba", Begins::kStatement, 1},
     {"host", Begins::kBlock, 1},
-    {"host-identifier", Begins::kStatement, 1},
+    {"host-identifier", Begins::kStatement, 1, Holds::kAnything},
     {"if", Begins::kChain, 1},
     {"ignore", Begins::kStatement, 2},
     {"ignore-client-uids", Begins::kStatement, 1},
@@ -76,7 +76,7 @@ constexpr StructureWord kWords[] = {
     {"infinite-is-reserved", Begins::kStatement, 1},
     {"interface", Begins::kStatement, 1},
     {"key", Begins::kEither, 1},
-    {"lease", Begins::kStatement, 2},
+    {"lease", Begins::kStatement, 2, Holds::kAnything},
     {"lease-file-name", Begins::kStatement, 1},
     {"lease-id-format", Begins::kStatement, 1},
     {"limit-addrs-per-ia", Begins::kStatement, 1},
@@ -85,30 +85,30 @@ constexpr StructureWord kWords[] = {
     {"local-address", Begins::kStatement, 1},
     {"local-address6", Begins::kStatement, 1},
     {"local-port", Begins::kStatement, 1},
-    {"log", Begins::kStatement, 1},
+    {"log", Begins::kStatement, 1, Holds::kAnything},
     {"log-facility", Begins::kStatement, 1},
     {"log-threshold-high", Begins::kStatement, 1},
     {"log-threshold-low", Begins::kStatement, 1},
-    {"match", Begins::kStatement, 1},
+    {"match", Begins::kStatement, 1, Holds::kAnything},
     {"max-ack-delay", Begins::kStatement, 1},
     {"max-balance", Begins::kStatement, 1},
     {"max-lease-misbalance", Begins::kStatement, 1},
     {"max-lease-ownership", Begins::kStatement, 1},
-    {"max-lease-time", Begins::kStatement, 1},
+    {"max-lease-time", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
     {"max-response-delay", Begins::kStatement, 1},
     {"max-unacked-updates", Begins::kStatement, 1},
     {"mclt", Begins::kStatement, 1},
     {"min-balance", Begins::kStatement, 1},
-    {"min-lease-time", Begins::kStatement, 1},
+    {"min-lease-time", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
     {"min-secs", Begins::kStatement, 1},
-    {"next-server", Begins::kStatement, 1},
-    {"not", Begins::kStatement, 2},
+    {"next-server", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
+    {"not", Begins::kStatement, 2, Holds::kAnything},
     {"omapi-key", Begins::kStatement, 1},
     {"omapi-port", Begins::kStatement, 1},
     {"on", Begins::kEither, 1},
     {"one-lease-per-client", Begins::kStatement, 1},
-    {"option", Begins::kStatement, 2},
-    {"peer", Begins::kStatement, 2},
+    {"option", Begins::kStatement, 2, Holds::kValues, Stands::kFirst},
+    {"peer", Begins::kStatement, 2, Holds::kAnything},
     {"persist-eui-64-leases", Begins::kStatement, 1},
     {"pid-file-name", Begins::kStatement, 1},
     {"ping-check", Begins::kStatement, 1},
@@ -120,35 +120,35 @@ constexpr StructureWord kWords[] = {
     {"port", Begins::kStatement, 1},
     {"preferred-lifetime", Begins::kStatement, 1},
     {"prefix-length-mode", Begins::kStatement, 1},
-    {"prefix6", Begins::kStatement, 1},
-    {"prepend", Begins::kStatement, 2},
+    {"prefix6", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
+    {"prepend", Begins::kStatement, 2, Holds::kAnything},
     {"primary", Begins::kStatement, 1},
     {"primary6", Begins::kStatement, 1},
-    {"range", Begins::kStatement, 1},
-    {"range6", Begins::kStatement, 1},
+    {"range", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
+    {"range6", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
     {"release-on-roam", Begins::kStatement, 1},
     {"remote-port", Begins::kStatement, 1},
-    {"return", Begins::kStatement, 1},
+    {"return", Begins::kStatement, 1, Holds::kAnything},
     {"secondary", Begins::kStatement, 1},
     {"secondary6", Begins::kStatement, 1},
     {"secret", Begins::kStatement, 1},
-    {"send", Begins::kStatement, 2},
+    {"send", Begins::kStatement, 2, Holds::kAnything},
     {"server-duid", Begins::kStatement, 1},
     {"server-id-check", Begins::kStatement, 1},
     {"server-identifier", Begins::kStatement, 1},
-    {"server-name", Begins::kStatement, 1},
-    {"set", Begins::kStatement, 2},
+    {"server-name", Begins::kStatement, 1, Holds::kValues, Stands::kFirst},
+    {"set", Begins::kStatement, 2, Holds::kAnything},
     {"shared-network", Begins::kBlock, 1},
     {"site-option-space", Begins::kStatement, 1},
-    {"spawn", Begins::kStatement, 1},
+    {"spawn", Begins::kStatement, 1, Holds::kAnything},
     {"split", Begins::kStatement, 1},
     {"stash-agent-options", Begins::kStatement, 1},
     {"subclass", Begins::kEither, 1},
     {"subnet", Begins::kBlock, 1},
     {"subnet6", Begins::kBlock, 1},
-    {"supersede", Begins::kStatement, 2},
+    {"supersede", Begins::kStatement, 2, Holds::kAnything},
     {"switch", Begins::kBlock, 1},
-    {"unset", Begins::kStatement, 2},
+    {"unset", Begins::kStatement, 2, Holds::kAnything},
     {"update-conflict-detection", Begins::kStatement, 1},
     {"update-optimization", Begins::kStatement, 1},
     {"update-static-leases", Begins::kStatement, 1},
@@ -166,18 +166,38 @@ static_assert(std::is_sorted(std::begin(kWords), std::end(kWords),
                                return left.text < right.text;
                              }));
 
-constexpr std::uint8_t NumberInTable(std::string_view text) {
-  const auto* const found = std::lower_bound(
-      std::begin(kWords), std::end(kWords), text,
-      [](const StructureWord& word, std::string_view sought) { return word.text < sought; });
-  if (found == std::end(kWords) || found->text != text) return kUnknownWord;
-  return static_cast<std::uint8_t>(found - std::begin(kWords));
+constexpr std::size_t kSlots = 512;
+
+/// A number made of a word's size and of three of its letters, the same in any case.
+constexpr std::size_t HashOf(std::string_view word) {
+  constexpr unsigned kCaseBit = 0x20;
+  const auto letter = [word](std::size_t i) {
+    return static_cast<unsigned char>(word[i]) | kCaseBit;
+  };
+  const std::size_t last = word.size() - 1;
+  return (word.size() + 37 * letter(0) + 11 * letter(last / 2) + 5 * letter(last)) % kSlots;
 }
 
-constexpr std::size_t LongestWord() {
-  std::size_t longest = 0;
-  for (const StructureWord& word : kWords) longest = std::max(longest, word.text.size());
-  return longest;
+/// The numbers of the words, each in the first slot from that of its hash on that was free; 0 in the others.
+constexpr std::array<std::uint8_t, kSlots> NumbersByHash() {
+  std::array<std::uint8_t, kSlots> numbers = {};
+  for (std::size_t number = 1; number != std::size(kWords); ++number) {
+    std::size_t slot = HashOf(kWords[number].text);
+    while (numbers[slot] != kUnknownWord) slot = (slot + 1) % kSlots;
+    numbers[slot] = static_cast<std::uint8_t>(number);
+  }
+  return numbers;
+}
+
+constexpr std::array<std::uint8_t, kSlots> kNumbers = NumbersByHash();
+
+constexpr std::uint8_t NumberInTable(std::string_view word) {
+  if (word.empty()) return kUnknownWord;
+  std::size_t slot = HashOf(word);
+  while (kNumbers[slot] != kUnknownWord && !EqualButForCase(kWords[kNumbers[slot]].text, word)) {
+    slot = (slot + 1) % kSlots;
+  }
+  return kNumbers[slot];
 }
 
 }  // namespace
@@ -192,10 +212,7 @@ bool WantsBlock(std::uint8_t number) {
 }
 
 std::uint8_t NumberOf(std::string_view word) {
-  std::array<char, LongestWord()> small = {};
-  if (word.size() > small.size()) return kUnknownWord;
-  std::transform(word.begin(), word.end(), small.begin(), ToSmallLetter);
-  return NumberInTable({small.data(), word.size()});
+  return NumberInTable(word);
 }
 
 const std::uint8_t kWordCase = NumberInTable("case");

@@ -18,11 +18,25 @@ enum class Begins : std::uint8_t {
   kLabel,      ///< "case", "default": to the ":", in a switch only.
 };
 
+/// What a statement may have behind its key.
+enum class Holds : std::uint8_t {
+  kValues,
+  kAnything,  ///< Names, conditions or expressions too, in which words of this table may stand.
+};
+
+/// Where a word may stand in a statement.
+enum class Stands : std::uint8_t {
+  kAnywhere,
+  kFirst,  ///< Only as its first word.
+};
+
 struct StructureWord {
   std::string_view text;  ///< In small letters; files may write it in any case.
   Begins begins;
   std::uint8_t
       key_words;  ///< How many words tell one statement from another: 2 for "option routers".
+  Holds holds = Holds::kValues;
+  Stands stands = Stands::kAnywhere;
 };
 
 /// Number 0, and of every word that is not in the table.

@@ -61,6 +61,17 @@ class SyntaxTree {
 
   Mark GetMark() const { return {log_.size(), Count()}; }
   void RollBack(Mark mark) noexcept;
+  /// What a node was. Its first child is told for nodes with own_head.
+  struct Was {
+    NodeId id;
+    NodeId head;
+    SyntaxNode node;
+  };
+  /// Calls `use` for each change of a node since a mark, the first one first, with what the node was before.
+  template <class Use>
+  void ForEachChangeSince(Mark mark, const Use& use) const {
+    for (std::size_t i = mark.log; i < log_.size(); ++i) use(log_[i]);
+  }
 
   /// The nodes whose text or state changed, for who keeps books of them: one entry a change of a subtree.
   void Note(NodeId id) { noted_.push_back(id); }
@@ -69,11 +80,6 @@ class SyntaxTree {
   std::size_t Generation() const { return generation_; }
 
  private:
-  struct Was {
-    NodeId id;
-    NodeId head;
-    SyntaxNode node;
-  };
   void SetHead(NodeId parent, NodeId head);
   NodeId HeadOf(NodeId parent) const;
   bool HangsBelow(NodeId id, NodeId parent) const;

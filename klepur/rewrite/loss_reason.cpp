@@ -45,6 +45,8 @@ constexpr ReasonRow kReasons[] = {
     {Reason::kUnclosedBlock, "unclosed-block", "is not closed and gets a \"}\""},
     {Reason::kSwallowedBrace, "swallowed-brace",
      "has its \"}\" on the line of a block, where it stays as text, and gets another one"},
+    {Reason::kBraceInValue, "brace-in-value",
+     "has a \"{\" that begins a block for the configuration classes and gets a \"}\""},
     {Reason::kLostBrace, "lost-brace", "loses its \"}\""},
     {Reason::kSemicolonBehindBlock, "semicolon-behind-block",
      "has a \";\" behind its \"}\", which comes to stand alone"},

@@ -28,6 +28,11 @@ bool BeginsBefore(const DocumentState& state, NodeId id, TextAddress address) {
   return id < state.tree.Count() && state.tree[id].begin < address;
 }
 
+/// Whether it is what FirstFrom would find: pieces that are written in their order need no search.
+bool IsFirstFrom(const DocumentState& state, NodeId id, TextAddress address) {
+  return !BeginsBefore(state, id, address) && (id == 1 || state.tree[id - 1].begin < address);
+}
+
 bool AreSameWords(std::string_view left, std::string_view right) {
   if (left == right) return true;
   WordsOfText left_words(left);
@@ -60,15 +65,17 @@ NodeImages::NodeImages(const DocumentState& before, const DocumentState& after,
       after_(after),
       rewriting_(rewriting),
       image_(before.tree.Count(), kNoNode),
-      source_(after.tree.Count(), kNoNode),
       piece_(before.tree.Count(), kNoPiece),
-      piece_of_image_(after.tree.Count(), kNoPiece) {
+      known_(after.tree.Count(), false) {
   image_[kRoot] = kRoot;
-  source_[kRoot] = kRoot;
   NodeId node = 1;
-  for (std::size_t i = 0; i != rewriting.pieces.size(); ++i) {
+  NodeId image = 1;
+  for (std::uint32_t i = 0; i != rewriting.pieces.size(); ++i) {
     while (BeginsBefore(before, node, rewriting.pieces[i].source.begin)) ++node;
-    MatchPiece(i, node, FirstFrom(after, rewriting.pieces[i].written.begin));
+    if (!IsFirstFrom(after, image, rewriting.pieces[i].written.begin)) {
+      image = FirstFrom(after, rewriting.pieces[i].written.begin);
+    }
+    MatchPiece(i, node, image);
   }
   MatchStrays();
 }
@@ -79,27 +86,36 @@ void NodeImages::MatchStrays() {
   for (NodeId id = 1; id != before_.tree.Count(); ++id) {
     if (!IsLoneBrace(before_, id) || piece_[id] != kNoPiece) continue;
     const NodeId count = after_.tree.Count();
-    while (image != count && (!IsLoneBrace(after_, image) || source_[image] != kNoNode)) ++image;
+    while (image != count && (known_[image] || !IsLoneBrace(after_, image))) ++image;
     if (image == count) return;
     image_[id] = image;
-    source_[image] = id;
+    known_[image] = true;
   }
 }
 
-void NodeImages::MatchPiece(std::size_t piece, NodeId& node, NodeId image) {
+void NodeImages::MatchPiece(std::uint32_t piece, NodeId& node, NodeId& image) {
   const RewrittenPiece& bytes = rewriting_.pieces[piece];
   NodeId next_comment = node;
   NodeId next_other = node;
   for (; BeginsBefore(before_, node, bytes.source.end); ++node) piece_[node] = piece;
   for (; BeginsBefore(after_, image, bytes.written.end); ++image) {
-    piece_of_image_[image] = piece;
+    known_[image] = true;
     const bool comment = after_.IsComment(image);
     NodeId& next = comment ? next_comment : next_other;
     while (next != node && before_.IsComment(next) != comment) ++next;
-    if (next == node) continue;
-    image_[next] = image;
-    source_[image] = next++;
+    if (next == node) {
+      new_nodes_.push_back({image, piece});
+    } else {
+      image_[next++] = image;
+    }
   }
+}
+
+bool NodeImages::HasNewStray() const {
+  for (NodeId image = 1; image != after_.tree.Count(); ++image) {
+    if (!known_[image] && after_.tree[image].kind == NodeKind::kStray) return true;
+  }
+  return false;
 }
 
 bool NodeImages::HasSameWords(NodeId id) const {

@@ -2,7 +2,7 @@
 #ifndef KLEPUR_REWRITE_NODE_IMAGES_H
 #define KLEPUR_REWRITE_NODE_IMAGES_H
 
-#include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include <klepur/document/document_state.h>
@@ -15,7 +15,7 @@ namespace klepur::internal {
 /// comments.
 class NodeImages {
  public:
-  static constexpr std::size_t kNoPiece = static_cast<std::size_t>(-1);
+  static constexpr std::uint32_t kNoPiece = 0xFFFFFFFF;
 
   NodeImages(const DocumentState& before, const DocumentState& after, const Rewriting& rewriting);
 
@@ -25,11 +25,17 @@ class NodeImages {
 
   /// What became of a node of the text before; kNoNode when nothing did.
   NodeId ImageOf(NodeId id) const { return image_[id]; }
-  /// What a node of the rewritten text was; kNoNode when it was none.
-  NodeId SourceOf(NodeId id) const { return source_[id]; }
-  /// The piece that a node of the text before, or of the rewritten one, begins in; kNoPiece for none.
-  std::size_t PieceOf(NodeId id) const { return piece_[id]; }
-  std::size_t PieceOfImage(NodeId id) const { return piece_of_image_[id]; }
+  /// The piece that a node of the text before begins in; kNoPiece for none.
+  std::uint32_t PieceOf(NodeId id) const { return piece_[id]; }
+
+  /// A node of the rewritten text that was none before, and the piece that it begins in.
+  struct NewNode {
+    NodeId image;
+    std::uint32_t piece;
+  };
+  const std::vector<NewNode>& NewNodes() const { return new_nodes_; }
+  /// Whether a "}" of the rewritten text closes nothing that did not stand in the text before.
+  bool HasNewStray() const;
 
   /// Whether a node became one of the same kind with the same words, and whether it also has an end as before.
   bool HasSameWords(NodeId id) const;
@@ -40,16 +46,17 @@ class NodeImages {
   bool IsWrittenBefore(NodeId id, NodeId other) const { return image_[id] < image_[other]; }
 
  private:
-  void MatchPiece(std::size_t piece, NodeId& node, NodeId image);
+  void MatchPiece(std::uint32_t piece, NodeId& node, NodeId& image);
   void MatchStrays();
 
   const DocumentState& before_;
   const DocumentState& after_;
   const Rewriting& rewriting_;
   std::vector<NodeId> image_;
-  std::vector<NodeId> source_;
-  std::vector<std::size_t> piece_;
-  std::vector<std::size_t> piece_of_image_;
+  std::vector<std::uint32_t> piece_;
+  std::vector<bool>
+      known_;  ///< Of the rewritten text: those that begin in a piece or became of a stray.
+  std::vector<NewNode> new_nodes_;
 };
 
 /// The last node that begins before an address, in a text that nobody edited; the root when none does.

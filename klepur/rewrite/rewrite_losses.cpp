@@ -2,18 +2,19 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <unordered_map>
 #include <utility>
 
 #include <klepur/document/document_state.h>
-#include <klepur/document/gaps.h>
 #include <klepur/document/structure_words.h>
 #include <klepur/rewrite/loss_reason.h>
 #include <klepur/rewrite/node_images.h>
 #include <klepur/rewrite/order_names.h>
 #include <klepur/text/error.h>
 #include <klepur/text/file_bytes.h>
+#include <klepur/text/line_count.h>
 
 namespace klepur {
 namespace internal {
@@ -32,42 +33,50 @@ bool BeginsChainPart(const DocumentState& state, NodeId id, Begins what) {
   return id != kNoNode && state.IsBlock(id) && WordOf(state.tree[id].word).begins == what;
 }
 
-/// The siblings next to each node that are no comments.
-struct Neighbours {
-  explicit Neighbours(const DocumentState& state)
-      : before(state.tree.Count(), kNoNode), behind(state.tree.Count(), kNoNode) {
-    const NodeId count = state.tree.Count();
-    for (NodeId id = 1; id != count; ++id) {
-      const NodeId next = state.tree[id].previous;
-      before[id] = next != kNoNode && state.IsComment(next) ? before[next] : next;
-    }
-    for (NodeId id = count - 1; id != kRoot; --id) {
-      const NodeId next = state.tree[id].next;
-      behind[id] = next != kNoNode && state.IsComment(next) ? behind[next] : next;
-    }
-  }
+/// The sibling before a node that is no comment; kNoNode when there is none.
+NodeId OtherBefore(const DocumentState& state, NodeId id) {
+  do {
+    id = state.tree[id].previous;
+  } while (id != kNoNode && state.IsComment(id));
+  return id;
+}
 
-  std::vector<NodeId> before;
-  std::vector<NodeId> behind;
-};
+/// For each node the sibling behind it that is no comment.
+std::vector<NodeId> OthersBehind(const DocumentState& state) {
+  std::vector<NodeId> behind(state.tree.Count(), kNoNode);
+  for (NodeId id = state.tree.Count() - 1; id != kRoot; --id) {
+    const NodeId next = state.tree[id].next;
+    behind[id] = next != kNoNode && state.IsComment(next) ? behind[next] : next;
+  }
+  return behind;
+}
+
+/// Whether something else stands before a node on its line, in a text that nobody edited.
+bool IsBehindSomething(const DocumentState& state, NodeId id) {
+  const SyntaxNode& node = state.tree[id];
+  if (node.parent == kRoot && node.previous == kNoNode) return false;
+  const std::string_view before = state.text.View({0, node.begin});
+  const std::size_t last = before.find_last_not_of(std::string_view(" \t\r\v\f\0", 6));
+  return last != std::string_view::npos && before[last] != '\n';
+}
 
 /// Finds all losses, in the order of the text. What a node's own text and place say comes first; then what its
 /// neighbours are, for what is told nowhere yet.
 class LossFinder {
  public:
   explicit LossFinder(const NodeImages& images)
-      : images_(images),
-        state_(images.Before()),
-        told_(state_.tree.Count(), false),
-        neighbours_(state_),
-        written_neighbours_(images.After()) {}
+      : images_(images), state_(images.Before()), told_(state_.tree.Count(), false) {}
 
   std::vector<Loss> Find() {
     for (NodeId id = 1; id != state_.tree.Count(); ++id) Check(id);
+    CheckCommentsPlaces();
     CheckOrder();
-    for (NodeId id = 1; id != images_.After().tree.Count(); ++id) CheckImage(id);
+    for (const NodeImages::NewNode& node : images_.NewNodes()) CheckNewNode(node);
     for (NodeId id = 1; id != state_.tree.Count(); ++id) CheckChain(id);
-    if (HasNewStray()) CheckSwallowedBraces();
+    if (images_.HasNewStray()) {
+      CheckSwallowedBraces();
+      CheckBracesInValues();
+    }
     const std::vector<bool> changed = told_;
     for (const NodeId id : one_line_blocks_) TellOneLineBlock(id, changed);
     std::sort(losses_.begin(), losses_.end(),
@@ -82,31 +91,34 @@ class LossFinder {
     losses_.push_back(loss);
   }
 
-  bool IsSame(NodeId id) const { return images_.SaysTheSame(id) && images_.StaysInBlock(id); }
-
   void Check(NodeId id) {
     if (!images_.SaysTheSame(id) || !images_.StaysInBlock(id)) {
       const Severity severity = state_.IsComment(id) ? Severity::kWarning : Severity::kError;
       return Tell({id, ReasonOf(images_, id), severity});
     }
-    if (state_.IsComment(id)) CheckCommentsPlace(id);
+    if (state_.IsComment(id)) comments_.push_back(id);
     if (state_.IsBlock(id)) CheckOneLineBlock(id);
   }
 
   /// A comment behind something stands with that, every other one with what follows it in its block.
-  void CheckCommentsPlace(NodeId id) {
-    const NodeId image = images_.ImageOf(id);
-    const bool trails = !BeginsLine(state_, id);
-    const NodeId next = neighbours_.behind[id];
-    const NodeId next_image = next == kNoNode ? kNoNode : images_.ImageOf(next);
-    const bool stays = trails == !BeginsLine(images_.After(), image) &&
-                       (trails || (written_neighbours_.behind[image] == next_image &&
-                                   (next == kNoNode) == (next_image == kNoNode)));
-    if (!stays) Tell({id, Reason::kCommentMoves, Severity::kWarning});
+  void CheckCommentsPlaces() {
+    if (comments_.empty()) return;
+    const std::vector<NodeId> behind = OthersBehind(state_);
+    const std::vector<NodeId> written_behind = OthersBehind(images_.After());
+    for (const NodeId id : comments_) {
+      const NodeId image = images_.ImageOf(id);
+      const NodeId next = behind[id];
+      const NodeId next_image = next == kNoNode ? kNoNode : images_.ImageOf(next);
+      const bool trails = IsBehindSomething(state_, id);
+      const bool stays = trails == IsBehindSomething(images_.After(), image) &&
+                         (trails || (written_behind[image] == next_image &&
+                                     (next == kNoNode) == (next_image == kNoNode)));
+      if (!stays) Tell({id, Reason::kCommentMoves, Severity::kWarning});
+    }
   }
 
   void CheckOneLineBlock(NodeId id) {
-    const std::size_t piece = images_.PieceOf(id);
+    const std::uint32_t piece = images_.PieceOf(id);
     if (images_.Written().pieces[piece].sort == RewrittenPiece::Sort::kHeader) return;
     if (images_.PieceOf(state_.tree[id].parent) != piece) one_line_blocks_.push_back(id);
   }
@@ -117,25 +129,58 @@ class LossFinder {
     Tell({id, Reason::kOneLineBlock, takes ? Severity::kError : Severity::kNote});
   }
 
-  /// Whether some node comes to stand before one that it stands behind.
-  bool IsOrderChanged() const {
+  /// The blocks whose children, as far as nothing is told of them, may come to stand in another order.
+  std::vector<bool> DisorderedBlocks() const {
+    std::vector<bool> disordered(state_.tree.Count(), false);
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) {
+      if (state_.IsComment(id)) continue;
+      const NodeId previous = OtherBefore(state_, id);
+      const bool moves =
+          previous != kNoNode && !told_[previous] && images_.IsWrittenBefore(id, previous);
+      if (told_[id] || moves) disordered[state_.tree[id].parent] = true;
+    }
+    return disordered;
+  }
+
+  /// Whatever changes its order with something has a node that comes to stand before one that it stands behind:
+  /// only what has to do with those can be out of order.
+  void CheckOrder() {
+    const std::vector<bool> disordered = DisorderedBlocks();
+    if (std::find(disordered.begin(), disordered.end(), true) == disordered.end()) return;
+    OrderNames order(state_, disordered);
+    const std::vector<NodeId> moved = NodesThatMoveForward();
+    std::unordered_map<std::uint64_t, LastWritten> things;
+    std::vector<bool> sorts(OrderNames::kSorts, false);
+    for (const NodeId id : moved) {
+      for (const OrderName& name : order.Of(id)) {
+        things.try_emplace(name.thing);
+        sorts[static_cast<std::size_t>(name.sort)] = true;
+      }
+    }
+    if (things.empty()) return;
+    order.Limit(sorts, moved);
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) {
+      if (told_[id]) continue;
+      for (const OrderName& name : order.Of(id)) {
+        if (const auto thing = things.find(name.thing); thing != things.end()) {
+          CheckName(id, name, thing->second);
+        }
+      }
+    }
+  }
+
+  std::vector<NodeId> NodesThatMoveForward() const {
+    std::vector<NodeId> moved;
     NodeId last = kRoot;
     for (NodeId id = 1; id != state_.tree.Count(); ++id) {
       if (told_[id] || state_.IsComment(id)) continue;
-      if (images_.IsWrittenBefore(id, last)) return true;
-      last = id;
+      if (images_.IsWrittenBefore(id, last)) {
+        moved.push_back(id);
+      } else {
+        last = id;
+      }
     }
-    return false;
-  }
-
-  void CheckOrder() {
-    if (!IsOrderChanged()) return;
-    const OrderNames order(state_);
-    std::unordered_map<std::string, LastWritten> things;
-    for (NodeId id = 1; id != state_.tree.Count(); ++id) {
-      if (told_[id]) continue;
-      for (const OrderName& name : order.Of(id)) CheckName(id, name, things[name.thing]);
-    }
+    return moved;
   }
 
   /// Of the nodes so far that have to do with a thing, those that are written last.
@@ -161,32 +206,20 @@ class LossFinder {
 
   void CheckChain(NodeId id) {
     if (told_[id] || !BeginsChainPart(state_, id, Begins::kBranch)) return;
-    const NodeId previous = neighbours_.before[id];
+    const NodeId previous = OtherBefore(state_, id);
     if (!BeginsChainPart(state_, previous, Begins::kChain) &&
         !BeginsChainPart(state_, previous, Begins::kBranch)) {
       return;
     }
-    if (written_neighbours_.before[images_.ImageOf(id)] == images_.ImageOf(previous)) return;
+    if (OtherBefore(images_.After(), images_.ImageOf(id)) == images_.ImageOf(previous)) return;
     Tell({id, Reason::kOrder, Severity::kError, previous});
-  }
-
-  /// Whether a "}" is written that closes nothing and did not stand in the text.
-  bool HasNewStray() const {
-    for (NodeId image = 1; image != images_.After().tree.Count(); ++image) {
-      if (images_.After().tree[image].kind == NodeKind::kStray &&
-          images_.SourceOf(image) == kNoNode &&
-          images_.PieceOfImage(image) == NodeImages::kNoPiece) {
-        return true;
-      }
-    }
-    return false;
   }
 
   /// A block is written with a "}" of its own, also when the one that it had is part of a line.
   void CheckSwallowedBraces() {
-    const std::vector<RewrittenPiece>& pieces = images_.Written().pieces;
+    const LargeArray<RewrittenPiece>& pieces = images_.Written().pieces;
     for (NodeId id = 1; id != state_.tree.Count(); ++id) {
-      const std::size_t piece = images_.PieceOf(id);
+      const std::uint32_t piece = images_.PieceOf(id);
       if (!state_.IsBlock(id) || state_.tree[id].unfinished || piece == NodeImages::kNoPiece)
         continue;
       if (pieces[piece].sort != RewrittenPiece::Sort::kHeader) continue;
@@ -199,13 +232,28 @@ class LossFinder {
     }
   }
 
+  /// A "{" within a statement begins a block for the classes, which they end.
+  void CheckBracesInValues() {
+    std::vector<bool> begins_block(images_.Written().pieces.size(), false);
+    for (NodeId id = 1; id != state_.tree.Count(); ++id) {
+      if (state_.IsBlock(id) && images_.PieceOf(id) != NodeImages::kNoPiece)
+        begins_block[images_.PieceOf(id)] = true;
+    }
+    for (std::uint32_t i = 0; i != begins_block.size(); ++i) {
+      const RewrittenPiece& piece = images_.Written().pieces[i];
+      if (piece.sort != RewrittenPiece::Sort::kHeader || piece.IsLost() || begins_block[i])
+        continue;
+      if (const NodeId id = NodeAround(piece.source); id != kRoot) {
+        Tell({id, Reason::kBraceInValue, Severity::kError});
+      }
+    }
+  }
+
   /// What is in the rewritten text only is told of what it is made of.
-  void CheckImage(NodeId image) {
-    if (images_.SourceOf(image) != kNoNode || images_.PieceOfImage(image) == NodeImages::kNoPiece)
-      return;
-    const NodeId id = NodeAround(images_.Written().pieces[images_.PieceOfImage(image)].source);
+  void CheckNewNode(NodeImages::NewNode node) {
+    const NodeId id = NodeAround(images_.Written().pieces[node.piece].source);
     if (id == kRoot) return;
-    if (images_.After().tree[image].kind == NodeKind::kComment) {
+    if (images_.After().IsComment(node.image)) {
       return Tell({id, Reason::kCommentChanges, Severity::kWarning});
     }
     const bool late = state_.IsBlock(id) && state_.tree[id].late_semicolon != 0;
@@ -225,19 +273,34 @@ class LossFinder {
   const DocumentState& state_;
   std::vector<bool> told_;
   std::vector<Loss> losses_;
+  std::vector<NodeId> comments_;  ///< That say the same in the same block.
   std::vector<NodeId> one_line_blocks_;
-  const Neighbours neighbours_;
-  const Neighbours written_neighbours_;
 };
 
-RewriteLoss Described(DocumentState& state, const Loss& loss) {
-  state.positions.Update(state.text);
-  const auto place = [&state](NodeId id) {
-    return id == kNoNode ? Position() : state.positions.Of(state.text, state.Begin(id));
-  };
-  return {loss.reason, loss.severity, place(loss.id), SentenceOf(state, loss.id, loss.reason),
-          place(loss.other)};
-}
+/// Finds the places of addresses, in a text that nobody edited. Those in ascending order need no search.
+class Places {
+ public:
+  explicit Places(DocumentState& state) : state_(state) { state.positions.Update(state.text); }
+
+  Position Of(NodeId id) {
+    if (id == kNoNode) return {};
+    const TextAddress at = state_.tree[id].begin;
+    if (at < at_) return state_.positions.Of(state_.text, state_.Begin(id));
+    const std::string_view passed = state_.text.View({at_, at});
+    if (const std::size_t last = passed.rfind('\n'); last != std::string_view::npos) {
+      line_ += CountLineEnds(passed);
+      line_begin_ = at_ + last + 1;
+    }
+    at_ = at;
+    return {line_, at - line_begin_ + 1};
+  }
+
+ private:
+  DocumentState& state_;
+  TextAddress at_ = 0;
+  std::size_t line_ = 1;
+  std::size_t line_begin_ = 0;
+};
 
 }  // namespace
 }  // namespace internal
@@ -246,13 +309,15 @@ std::vector<RewriteLoss> FindRewriteLosses(std::string_view text) {
   if (text.size() > internal::kMostBytes) {
     throw Error(ErrorCode::kTooLarge, "the text reaches 4 GiB");
   }
-  const internal::Rewriting rewriting = internal::Rewrite(text);
   internal::DocumentState before{internal::TextBuffer(text)};
-  const internal::DocumentState after{internal::TextBuffer(rewriting.text)};
+  internal::Rewriting rewriting = internal::Rewrite(before.text.View({0, before.text.BaseSize()}));
+  const internal::DocumentState after{std::move(rewriting.text)};
   const internal::NodeImages images(before, after, rewriting);
   std::vector<RewriteLoss> losses;
+  internal::Places places(before);
   for (const internal::Loss& loss : internal::LossFinder(images).Find()) {
-    losses.push_back(internal::Described(before, loss));
+    losses.push_back({loss.reason, loss.severity, places.Of(loss.id),
+                      internal::SentenceOf(before, loss.id, loss.reason), places.Of(loss.other)});
   }
   return losses;
 }

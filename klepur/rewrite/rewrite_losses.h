@@ -30,6 +30,7 @@ enum class RewriteReason {
   kBehindNul,         ///< The classes stop reading at a NUL byte.
   kUnclosedBlock,     ///< A block without its "}" gets one at the end.
   kSwallowedBrace,    ///< A "}" stays as part of a line, and its block gets another one.
+  kBraceInValue,      ///< A "{" in a value without its "}" begins a block, which gets a "}".
   kLostBrace,         ///< A block loses its "}".
   kSemicolonBehindBlock,  ///< The ";" behind a block comes to stand alone.
   kRootName,              ///< A block named "TREE_ROOT_SECTION" loses its name and braces.
@@ -61,12 +62,11 @@ struct RewriteLoss {
 ///       std::cerr << path << ":" << loss.where.line << ": " << loss.message << "\n";
 ///     }
 ///
-/// The text is given to the parser of those classes and written by their writer, and what is written is
-/// compared with the text. Not changes are: indentation, blank lines and line ends, another order where the
+/// The text is read and written by the rules of those classes, and what is written is compared with the text. Not changes are: indentation, blank lines and line ends, another order where the
 /// order means nothing, a comment right above something that stays right above it. Of an included file
 /// nothing is known, so it counts as changed when it comes to stand before a declaration, a subnet or a branch.
 ///
-/// Like those classes it opens the system log and closes it. Throws Error(kTooLarge) from 4 GiB on, and
+/// Throws Error(kTooLarge) from 4 GiB on, and
 /// std::bad_alloc. Cost: linear, but for a search in the tables of what is found.
 KLEPUR_EXPORT std::vector<RewriteLoss> FindRewriteLosses(std::string_view text);
 /// The same of a document's text as it is now.

@@ -1,214 +1,161 @@
 #include <klepur/rewrite/rewriting.h>
 
-#include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-#include <new>
-#include <stdexcept>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+#include <vector>
 
 #include <klepur/framework/tree_links.h>
-#include <klepur/parser/dhcp_parser.h>
+#include <klepur/rewrite/piece_reader.h>
 #include <klepur/text/error.h>
 #include <klepur/text/file_bytes.h>
+#include <klepur/text/large_memory.h>
 
 namespace klepur::internal {
 namespace {
 
 using Sort = RewrittenPiece::Sort;
 
-/// The number of a block that is not written.
-constexpr std::size_t kOutside = static_cast<std::size_t>(-1);
+/// Indentation is left out when what is written would be longer than so many times the text and a little.
+constexpr std::size_t kMostGrowth = 16;
+constexpr std::size_t kLittle = 65536;
 
-class TextStream : public StreamIterator {
+/// Writes as DhcpParser does: of each block the header, the entries, the blocks in it, the end.
+class PieceWriter {
  public:
-  explicit TextStream(std::string_view text) : rest_(text) {}
+  explicit PieceWriter(PieceReader& read)
+      : read_(read),
+        blocks_(read.Blocks()),
+        places_(blocks_.size()),
+        indents_(read.HasUnpairedQuotes()) {}
 
-  std::size_t Read(char* buffer, std::size_t size) override {
-    const std::size_t count = rest_.copy(buffer, size);
-    rest_.remove_prefix(count);
-    return count;
+  Rewriting Write(std::size_t most) {
+    Measure(most);
+    memory_.Grow(size_ + kPadding, 0);
+    WriteBlocks();
+    for (RewrittenPiece& piece : read_.Pieces()) WritePiece(piece);
+    return {TextBuffer(std::move(memory_), size_), std::move(read_.Pieces())};
   }
 
  private:
-  std::string_view rest_;
-};
-
-/// Where a block's own lines begin in the rewritten text, and the next of its entries.
-struct WrittenBlock {
-  std::size_t header;
-  std::size_t entries;
-  bool has_header;  ///< Not so for what is named like the root, wherever it stands.
-};
-
-/// One line each for what stands before it, the name and the "{".
-constexpr int kHeaderLines = 3;
-
-/// The parser, watched before each token: what it has stored since is made of the bytes since.
-class WatchedParser : public DhcpParser {
- public:
-  Rewriting Rewrite(std::string_view text) {
-    Rewriting result;
-    result.stopped = !Read(text);
-    result.text = Write();
-    if (result.text.size() > kMostBytes) {
-      throw Error(ErrorCode::kTooLarge, "the rewritten text reaches 4 GiB");
-    }
-    Place(result.text);
-    result.pieces = std::move(pieces_);
-    return result;
-  }
-
- private:
-  class WatchedLexer : public CfLex {
-   public:
-    WatchedLexer(StreamIterator* source, WatchedParser& parser)
-        : CfLex(source, false), parser_(parser) {}
-
-    Token* GetToken() override {
-      parser_.Look();
-      Token* const token = CfLex::GetToken();
-      if (token != nullptr) parser_.PassOver(*token);
-      return token;
-    }
-
-   private:
-    WatchedParser& parser_;
+  /// A block's header and entries.
+  struct Place {
+    Span name;
+    bool has_braces =
+        false;  ///< Not so for what is named like the root section, wherever it stands.
+    std::uint32_t tabs = 0;  ///< Of an entry.
+    std::size_t header = 0;  ///< Where it begins.
+    std::size_t next = 0;    ///< Where the next entry comes.
   };
 
-  /// False when it stops at a NUL byte.
-  bool Read(std::string_view text) {
-    stream = new TextStream(text);
-    lexer = new WatchedLexer(stream, *this);
-    try {
-      DoParse(&tree_);
-    } catch (const std::runtime_error&) {
-      return false;
+  void Measure(std::size_t most) {
+    for (const RewrittenPiece& piece : read_.Pieces()) {
+      if (piece.sort != Sort::kHeader || piece.block == kOutside) continue;
+      places_[piece.block].name = piece.written;
+      places_[piece.block].has_braces = read_.Content(piece.written) != kRootName;
     }
-    return true;
+    // The first child of a block is the next one.
+    while (leftmost_levels_ + 1 < blocks_.size() &&
+           blocks_[leftmost_levels_ + 1].parent == leftmost_levels_) {
+      ++leftmost_levels_;
+    }
+    WriteBlocks();
+    if (indents_ && size_ > most) {
+      indents_ = false;
+      WriteBlocks();
+    }
+    if (size_ > kMostBytes) throw Error(ErrorCode::kTooLarge, "the rewritten text reaches 4 GiB");
   }
 
-  void PassOver(const Token& token) {
-    at_ += static_cast<TextAddress>(token.text.size());
-    closed_ = token.kind == TokenKind::kPunctuator && token.text[0] == '}';
+  /// Finds where all is written, and writes headers and ends once there is memory.
+  void WriteBlocks() {
+    size_ = 0;
+    depth_ = 0;
+    BlockNumber open = kOutside;
+    for (BlockNumber block = 0; block != blocks_.size(); ++block) {
+      for (; open != blocks_[block].parent; open = blocks_[open].parent) WriteEnd(open);
+      open = block;
+      WriteHeader(block);
+    }
+    for (; open != kOutside; open = blocks_[open].parent) WriteEnd(open);
   }
 
-  void Look() {
-    if (currentNode == node_) {
-      if (node_->section.entryList.size() != entries_) Keep(EntrySort());
-    } else if (currentNode->parent == node_ || node_ == nullptr) {
-      Open();
+  void WriteHeader(BlockNumber block) {
+    Place& place = places_[block];
+    place.header = size_;
+    if (place.has_braces) {
+      Put("\n", size_);
+      PutLine(read_.Content(place.name));
+      PutLine("{");
+      ++depth_;
     } else {
-      open_.pop_back();
+      depth_ = 0;
     }
-    if (closed_ && lineBuffer.empty()) from_ = at_;
-    node_ = currentNode;
-    entries_ = node_->section.entryList.size();
+    place.tabs = indents_ ? depth_ : 0;
+    place.next = size_;
+    size_ += blocks_[block].entries_size + std::size_t{place.tabs} * blocks_[block].entries;
   }
 
-  Sort EntrySort() const {
-    return node_->section.entryList.back()->GetComment() == nullptr ? Sort::kStatement
-                                                                    : Sort::kComment;
+  void WriteEnd(BlockNumber block) {
+    if (!places_[block].has_braces) return;
+    if (depth_ > 0) --depth_;
+    if (depth_ == 0 && leftmost_levels_ != 1) Put("\n", size_);
+    PutLine("}");
   }
 
-  /// A block below the root is written, and so is the root: the first of all.
-  void Open() {
-    const bool written = node_ == nullptr || BlockNow() != kOutside;
-    open_.push_back(written ? blocks_++ : kOutside);
-    if (node_ != nullptr) Keep(Sort::kHeader);
-  }
-
-  std::size_t BlockNow() const { return open_.empty() ? kOutside : open_.back(); }
-
-  void Keep(Sort sort) {
-    pieces_.push_back({{from_, at_}, {}, sort});
-    block_of_piece_.push_back(BlockNow());
-    from_ = at_;
-  }
-
-  std::string Write() {
-    char* bytes = nullptr;
-    std::size_t size = 0;
-    outputFile = open_memstream(&bytes, &size);
-    if (outputFile == nullptr) throw std::bad_alloc();
-    try {
-      FirstChild(tree_.topNode)->TraverseDo(this, WriteHead, WriteEnd);
-    } catch (...) {
-      CloseOutput();
-      std::free(bytes);
-      throw;
-    }
-    const bool failed = std::ferror(outputFile) != 0;
-    CloseOutput();
-    if (failed || bytes == nullptr) {
-      std::free(bytes);
-      throw std::bad_alloc();
-    }
-    struct Free {
-      char* bytes;
-      ~Free() { std::free(bytes); }
-    } const free{bytes};
-    return {bytes, size};
-  }
-
-  static bool WriteHead(void* context, CfSection& section) {
-    auto& parser = *static_cast<WatchedParser*>(context);
-    parser.writeDepth = 0;  // never the level of the block: that is the indentation
-    const auto begin = static_cast<std::size_t>(std::ftell(parser.outputFile));
-    parser.heads_.push_back({begin, begin, section.GetName() != std::string_view(kRootName)});
-    return parser.WriteSection(section);
-  }
-
-  static bool WriteEnd(void* context, CfSection& section) {
-    auto& parser = *static_cast<WatchedParser*>(context);
-    parser.writeDepth = 1;
-    parser.WriteSectionEnd(section);
-    return true;
-  }
-
-  /// Says of each piece where it is written: entries in lines below each other, behind the header.
-  void Place(std::string_view text) {
-    for (WrittenBlock& head : heads_) {
-      for (int i = 0; head.has_header && i != kHeaderLines; ++i) {
-        head.entries = BehindLine(text, head.entries);
-      }
-    }
-    for (std::size_t i = 0; i != pieces_.size(); ++i) {
-      if (block_of_piece_[i] != kOutside) PlacePiece(text, pieces_[i], heads_[block_of_piece_[i]]);
-    }
-  }
-
-  static void PlacePiece(std::string_view text, RewrittenPiece& piece, WrittenBlock& head) {
-    if (piece.sort == Sort::kHeader) {
-      piece.written = {static_cast<TextAddress>(head.header),
-                       static_cast<TextAddress>(head.entries)};
+  /// Writes an entry, and says where a piece is written.
+  void WritePiece(RewrittenPiece& piece) {
+    if (piece.block == kOutside) {
+      piece.written = {};
       return;
     }
-    const std::size_t end = BehindLine(text, head.entries);
-    piece.written = {static_cast<TextAddress>(head.entries), static_cast<TextAddress>(end)};
-    head.entries = end;
+    Place& place = places_[piece.block];
+    const std::size_t begin = piece.sort == Sort::kHeader ? place.header : place.next;
+    if (piece.sort != Sort::kHeader) {
+      if (piece.sort == Sort::kComment) Put("#", place.next);
+      PutTabs(place.tabs, place.next);
+      Put(read_.Content(piece.written), place.next);
+      Put("\n", place.next);
+    }
+    piece.written = {static_cast<TextAddress>(begin), static_cast<TextAddress>(place.next)};
   }
 
-  static std::size_t BehindLine(std::string_view text, std::size_t at) {
-    return std::min(text.find('\n', at), text.size() - 1) + 1;
+  void PutLine(std::string_view line) {
+    PutTabs(indents_ ? depth_ : 0, size_);
+    Put(line, size_);
+    Put("\n", size_);
   }
 
-  CfSectionHolder tree_;
-  Tree<CfSection>::TreeNode* node_ = nullptr;  // the current one when last looked
-  std::size_t entries_ = 0;                    // how many it had then
-  TextAddress at_ = 0;                         // how many bytes were read
-  TextAddress from_ = 0;                       // those from here on are of no piece yet
-  bool closed_ = false;                        // whether the last token was "}"
-  std::size_t blocks_ = 0;
-  std::vector<std::size_t> open_;  // the blocks around, by number in the order of their headers
-  std::vector<RewrittenPiece> pieces_;
-  std::vector<std::size_t> block_of_piece_;
-  std::vector<WrittenBlock> heads_;  // by number
+  void PutTabs(std::uint32_t count, std::size_t& at) {
+    if (memory_.size() != 0) std::memset(memory_.data() + at, '\t', count);
+    at += count;
+  }
+
+  void Put(std::string_view bytes, std::size_t& at) {
+    if (memory_.size() != 0) std::memcpy(memory_.data() + at, bytes.data(), bytes.size());
+    at += bytes.size();
+  }
+
+  PieceReader& read_;
+  const LargeArray<ReadBlock>& blocks_;
+  std::vector<Place> places_;  ///< By block.
+  bool indents_;
+  BlockNumber leftmost_levels_ =
+      0;  ///< How deep the blocks are that are each the first in the one around.
+  std::uint32_t depth_ = 0;
+  std::size_t size_ = 0;
+  LargeMemory memory_;
 };
 
 }  // namespace
 
 Rewriting Rewrite(std::string_view text) {
-  return WatchedParser().Rewrite(text);
+  PieceReader reader(text);
+  const bool whole = reader.Read();
+  Rewriting rewriting = PieceWriter(reader).Write(kMostGrowth * text.size() + kLittle);
+  rewriting.stopped = !whole;
+  return rewriting;
 }
 
 }  // namespace klepur::internal

@@ -3,13 +3,19 @@
 #define KLEPUR_REWRITE_REWRITING_H
 
 #include <cstdint>
-#include <string>
 #include <string_view>
-#include <vector>
 
+#include <klepur/text/large_array.h>
 #include <klepur/text/piece_text.h>
+#include <klepur/text/text_buffer.h>
 
 namespace klepur::internal {
+
+/// The blocks that are written, in the order of their "{"; the root section is the first.
+using BlockNumber = std::uint32_t;
+inline constexpr BlockNumber kRootBlock = 0;
+/// Of what hangs beside the root section, behind a "}" too many.
+inline constexpr BlockNumber kOutside = 0xFFFFFFFF;
 
 /// Bytes of the text that became one line, or one block's header, of the rewritten text. It begins behind
 /// the piece before it, or behind a "}" in between, and takes no byte of the next one.
@@ -17,21 +23,30 @@ struct RewrittenPiece {
   enum class Sort : std::uint8_t { kStatement, kComment, kHeader };
 
   Span source;
-  Span written;  ///< Empty for what is not written.
+  Span written;       ///< Empty for what is not written.
+  BlockNumber block;  ///< That it stands in, or that it begins.
   Sort sort;
 
   bool IsLost() const { return written.begin == written.end; }
 };
 
 struct Rewriting {
-  std::string text;
-  std::vector<RewrittenPiece> pieces;  ///< In the order of the text that was read.
-  bool stopped = false;                ///< At a NUL byte, behind which nothing is read.
+  TextBuffer text;
+  LargeArray<RewrittenPiece> pieces;  ///< In the order of the text that was read.
+  bool stopped = false;               ///< At a NUL byte, behind which nothing is read.
 };
 
-/// Has the parser of the configuration classes read a text of less than 4 GiB, and its writer write it, but
-/// for the indentation: it means nothing, and in deeply nested blocks it is longer than all the rest. Throws
-/// std::bad_alloc, and Error(kTooLarge) when what is written reaches 4 GiB. Cost: linear.
+/// Reads a text of less than 4 GiB, with kPadding readable bytes behind it, as the configuration classes do
+/// (BlockParser, CfLex), and writes what they would save (DhcpParser::FileWriter).
+///
+/// The indentation is left out where it means nothing: it stands in no quoted text when quotes pair on each
+/// line. In deeply nested blocks it is longer than all the rest; beyond 16 times the text it is left out too.
+///
+/// Those rules are applied in place, without tokens and without a tree, in a tenth of the time. That the
+/// outcome is theirs is tested with random texts.
+///
+/// Throws std::bad_alloc, and Error(kTooLarge) when what is written reaches 4 GiB, or the text together with
+/// the statements in it that run over lines. Cost: linear.
 Rewriting Rewrite(std::string_view text);
 
 }  // namespace klepur::internal

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <optional>
 #include <string_view>
 
@@ -81,11 +80,11 @@ Attributes::Attributes(int file, const std::string& path) {
 void Attributes::GiveTo(int file, const std::string& path) const {
   const char* const what = Give(file);
   if (what == nullptr) return;
+  const int reason = errno;
   // EINVAL: the owner has no number in this user namespace.
-  if (!IsRefusal(errno) && errno != EINVAL) throw Failure(path, std::string("keep its ") + what);
-  throw Error(ErrorCode::kRefused, path + ": cannot keep its " + what + ": " +
-                                       std::strerror(errno) +
-                                       "; the file could only be written in place");
+  const bool refused = IsRefusal(reason) || reason == EINVAL;
+  throw Failure(refused ? ErrorCode::kRefused : ErrorCode::kFile, path,
+                std::string("keep its ") + what, reason);
 }
 
 void Attributes::OfferTo(int file) const {

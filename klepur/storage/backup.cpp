@@ -1,6 +1,5 @@
 #include <klepur/storage/backup.h>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,7 +13,6 @@
 #include <klepur/storage/file_lock.h>
 #include <klepur/storage/strays.h>
 #include <klepur/storage/target.h>
-#include <klepur/text/uninterrupted.h>
 
 namespace klepur::internal {
 namespace {
@@ -25,6 +23,12 @@ constexpr int kMostOfASecond = 10000;
 bool IsFree(const std::string& path) {
   struct stat status = {};
   return ::lstat(path.c_str(), &status) != 0 && errno == ENOENT;
+}
+
+/// A copy would take the place of a device or a pipe.
+bool IsNoRegularFile(const std::string& path) {
+  struct stat status = {};
+  return ::lstat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
 }
 
 /// "20240517T081500Z"
@@ -55,6 +59,10 @@ Backup::Backup(int file, const std::string& target, const std::string& path,
   if (path_ == target || Names(path_, file)) {
     throw Error(ErrorCode::kFile, path + ": cannot make a backup: it would be the file itself");
   }
+  if (IsNoRegularFile(path_)) {
+    throw Error(ErrorCode::kFile,
+                path + ": cannot make a backup: " + path_ + " is no regular file");
+  }
   // A copy that is left behind is found again beside the file, or else by the name of the backup.
   const bool beside = FolderOf(path_) == FolderOf(target);
   const std::string& known = beside ? target : path_;
@@ -63,12 +71,12 @@ Backup::Backup(int file, const std::string& target, const std::string& path,
     copy_ = std::make_unique<NewFile>(known, path_, 0600, locked);
     Attributes(file, path).OfferTo(copy_->File());
     copy_->WriteCopyOf(file);
+    copy_->Flush();
   } catch (const Error& error) {
     // A backup that cannot be made says nothing of whether the file can be replaced.
     throw Error(ErrorCode::kFile, path + ": cannot make a backup: " + error.what());
   }
-  folder_ = Descriptor(Uninterrupted(
-      [&] { return ::open(FolderOf(path_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+  folder_.emplace(path_);
 }
 
 Backup::~Backup() {
@@ -83,7 +91,7 @@ void Backup::Name() {
     throw Error(ErrorCode::kFile, std::string("cannot make a backup: ") + error.what());
   }
   named_ = true;
-  const std::string warning = FlushFolder(folder_, path_);
+  const std::string warning = folder_->Flush(path_);
   if (!warning.empty()) throw Error(ErrorCode::kFile, "cannot make a backup: " + warning);
 }
 

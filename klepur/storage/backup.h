@@ -3,10 +3,10 @@
 #define KLEPUR_STORAGE_BACKUP_H
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <klepur/storage/new_file.h>
-#include <klepur/text/descriptor.h>
 
 namespace klepur::internal {
 
@@ -33,7 +33,7 @@ class Backup {
  private:
   std::string path_;
   std::unique_ptr<NewFile> copy_;
-  Descriptor folder_;
+  std::optional<Folder> folder_;
   bool fresh_ = false;
   bool named_ = false;
 };

@@ -20,9 +20,8 @@ bool IsRefusal(int reason) {
 
 Error FailureToReplace(const std::string& path, const std::string& step) {
   const int reason = errno;
-  if (!IsRefusal(reason)) return Failure(ErrorCode::kFile, path, step, reason);
-  return {ErrorCode::kRefused, path + ": cannot " + step + ": " + std::strerror(reason) +
-                                   "; the file could only be written in place"};
+  const ErrorCode code = IsRefusal(reason) ? ErrorCode::kRefused : ErrorCode::kFile;
+  return Failure(code, path, step, reason);
 }
 
 }  // namespace klepur::internal

@@ -18,7 +18,7 @@ Error Failure(const std::string& path, const std::string& step);
 /// something is broken or used up.
 bool IsRefusal(int reason);
 
-/// Failure with kRefused for such a reason in errno, which says what could be done; else with kFile.
+/// Failure with kRefused for such a reason in errno; else with kFile.
 Error FailureToReplace(const std::string& path, const std::string& step);
 
 }  // namespace klepur::internal

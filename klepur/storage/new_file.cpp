@@ -14,6 +14,7 @@
 #include <klepur/storage/failure.h>
 #include <klepur/storage/file_lock.h>
 #include <klepur/storage/strays.h>
+#include <klepur/storage/target.h>
 #include <klepur/text/file_blocks.h>
 #include <klepur/text/uninterrupted.h>
 
@@ -62,11 +63,16 @@ NewFile::~NewFile() {
 
 bool NewFile::Make(const std::string& target, mode_t mode) {
   std::string name = StrayNameFor(target);
-  file_ = Descriptor(Uninterrupted(
+  Descriptor made(Uninterrupted(
       [&] { return ::open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode); }));
-  if (!file_.IsOpen()) return false;
+  if (!made.IsOpen()) return false;
   name_ = std::move(name);
-  return true;
+  file_ = Above(STDERR_FILENO, std::move(made));
+  if (file_.IsOpen()) return true;
+  const int reason = errno;
+  Remove();
+  errno = reason;
+  return false;
 }
 
 bool NewFile::IsThere() const noexcept {
@@ -81,23 +87,22 @@ void NewFile::Remove() noexcept {
   file_ = Descriptor();
 }
 
-void NewFile::Flush() {
-  if (Uninterrupted([&] { return ::fsync(file_.Get()); }) != 0) {
-    throw Failure(path_, "flush the file beside it");
-  }
-}
-
 std::uint64_t NewFile::Write(const Pieces& text) {
   if (!text.WriteTo(file_.Get())) throw Failure(path_, "write the file beside it");
   const auto comparison = text.CompareWith(file_.Get());
   if (!comparison) throw Failure(path_, "read the file beside it");
-  if (comparison->equal) {
-    Flush();
-    return comparison->sum;
-  }
+  if (comparison->equal) return comparison->sum;
   throw Error(
       ErrorCode::kFile,
       path_ + ": cannot write the file beside it: what is read there is not what was written");
+}
+
+void NewFile::RequireStill(const Pieces& text) const {
+  const auto comparison = text.CompareWith(file_.Get());
+  if (!comparison) throw Failure(path_, "read the file beside it");
+  if (comparison->equal && Names(name_, file_.Get())) return;
+  throw Error(ErrorCode::kFile,
+              path_ + ": cannot use the file beside it: somebody else changed it meanwhile");
 }
 
 void NewFile::WriteCopyOf(int file) {
@@ -110,7 +115,6 @@ void NewFile::WriteCopyOf(int file) {
     if (!WriteAll(file_.Get(), *block, offset)) throw Failure(path_, "write the file beside it");
     offset += static_cast<off_t>(block->size());
   }
-  Flush();
   const auto sum = Checksum::OfFile(file);
   if (!sum) throw Failure(path_, "read what is copied");
   const auto copied = Checksum::OfFile(file_.Get());
@@ -121,6 +125,12 @@ void NewFile::WriteCopyOf(int file) {
       path_ + ": cannot write the file beside it: what is read there is not what was copied");
 }
 
+void NewFile::Flush() const {
+  if (Uninterrupted([&] { return ::fsync(file_.Get()); }) != 0) {
+    throw Failure(path_, "flush the file beside it");
+  }
+}
+
 void NewFile::Replace(const std::string& target) {
   if (Uninterrupted([&] { return ::rename(name_.c_str(), target.c_str()); }) != 0) {
     throw FailureToReplace(path_, "replace the file");
@@ -129,16 +139,7 @@ void NewFile::Replace(const std::string& target) {
 }
 
 void NewFile::BecomeNew(const std::string& target) {
-  const auto moved = [&] {
-    return ::renameat2(AT_FDCWD, name_.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE);
-  };
-  if (Uninterrupted(moved) == 0) {
-    name_.clear();
-    return;
-  }
-  const bool unknown = errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP;
-  if (unknown && Uninterrupted([&] { return ::link(name_.c_str(), target.c_str()); }) == 0) {
-    Uninterrupted([&] { return ::unlink(name_.c_str()); });
+  if (Name(target)) {
     name_.clear();
     return;
   }
@@ -148,10 +149,39 @@ void NewFile::BecomeNew(const std::string& target) {
   throw Failure(path_, "make the file");
 }
 
-std::string FlushFolder(const Descriptor& folder, const std::string& path) {
-  if (folder.IsOpen() && Uninterrupted([&] { return ::fsync(folder.Get()); }) == 0) return {};
+bool NewFile::Name(const std::string& target) const {
+  const auto moved = [&] {
+    return ::renameat2(AT_FDCWD, name_.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE);
+  };
+  if (Uninterrupted(moved) == 0) return true;
+  const bool unknown = errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP;
+  if (!unknown) return false;
+  if (Uninterrupted([&] { return ::link(name_.c_str(), target.c_str()); }) == 0) {
+    Uninterrupted([&] { return ::unlink(name_.c_str()); });
+    return true;
+  }
+  const bool no_links = errno == EPERM || errno == ENOSYS || errno == EOPNOTSUPP;
+  if (!no_links) return false;
+  // FAT behind FUSE: nothing is left but to look first.
+  struct stat status = {};
+  if (::lstat(target.c_str(), &status) == 0) {
+    errno = EEXIST;
+    return false;
+  }
+  return errno == ENOENT &&
+         Uninterrupted([&] { return ::rename(name_.c_str(), target.c_str()); }) == 0;
+}
+
+Folder::Folder(const std::string& target)
+    : file_(Uninterrupted(
+          [&] { return ::open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); })),
+      reason_(errno) {}
+
+std::string Folder::Flush(const std::string& path) const {
+  if (file_.IsOpen() && Uninterrupted([&] { return ::fsync(file_.Get()); }) == 0) return {};
+  const int reason = file_.IsOpen() ? errno : reason_;
   try {
-    return Failure(path, "flush its folder").what();
+    return Failure(ErrorCode::kFile, path, "flush its folder", reason).what();
   } catch (const std::bad_alloc&) {
     return "not flushed";  // what was done is done: too short a text to need memory
   }

@@ -28,12 +28,18 @@ class NewFile {
   int File() const noexcept { return file_.Get(); }
   const std::string& Name() const noexcept { return name_; }
 
-  /// Writes a text, reads it back and compares, and flushes it to the disk. Throws Error(kFile).
+  /// Writes a text, reads it back and compares. Throws Error(kFile).
   /// \return the checksum of the text.
   std::uint64_t Write(const Pieces& text);
 
   /// Copies another open file, as Write writes a text.
   void WriteCopyOf(int file);
+
+  /// Throws Error(kFile) when somebody wrote over the text, or over the file.
+  void RequireStill(const Pieces& text) const;
+
+  /// Flushes it to the disk. Throws Error(kFile).
+  void Flush() const;
 
   /// Takes the place of a file. Throws Error(kRefused) where that cannot be replaced, and Error(kFile).
   void Replace(const std::string& target);
@@ -47,15 +53,25 @@ class NewFile {
   bool Make(const std::string& target, mode_t mode);
   bool IsThere() const noexcept;
   void Remove() noexcept;
-  void Flush();
+  bool Name(const std::string& target) const;
 
   std::string path_;
   std::string name_;  // empty when there is no file to remove
   Descriptor file_;
 };
 
-/// Flushes a folder that was opened, so that the names in it last. Empty, or why it is not sure that they do.
-std::string FlushFolder(const Descriptor& folder, const std::string& path);
+/// The folder of a file, opened before anything is done that could not be taken back.
+class Folder {
+ public:
+  explicit Folder(const std::string& target);
+
+  /// Makes the names in it last. Empty, or why it is not sure that they do.
+  std::string Flush(const std::string& path) const;
+
+ private:
+  Descriptor file_;
+  int reason_ = 0;  // why it is not open
+};
 
 }  // namespace klepur::internal
 

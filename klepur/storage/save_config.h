@@ -12,7 +12,9 @@ namespace klepur {
 
 /// Saves a configuration file as StoredFile::Save does: to the path that it was opened from, the text that
 /// its own Save would write (ConfigFile::Text). It fails with kChanged when the file was changed since
-/// Open began to read it, or since it was last saved by this function. Its own Save is such a change.
+/// Open began to read it, or since it was last saved by this function. Its own Save is such a change, and so is
+/// a new time (touch, chmod) of a file that was older than two seconds when it was read, with the same bytes too.
+/// Where the file holds the text already there is nothing to save, and no failure.
 ///
 ///     DhcpConfigFile file("/etc/dhcp/dhcpd.conf");
 ///     file.Open();

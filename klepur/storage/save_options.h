@@ -41,14 +41,16 @@ class KLEPUR_EXPORT SaveOptions {
   /// Keeps the old text, with owner, mode and attributes, beside the file under a name that is made from
   /// the file's and the time in UTC: "dhcpd.conf.20240517T081500Z", with "-2" behind it when there is one.
   SaveOptions& WithBackup();
-  /// The same under a name of the caller's, which is replaced if it exists; an empty one asks for no
-  /// backup. A relative path begins in the working folder.
+  /// The same under a name of the caller's. A file of that name is replaced, and where it is a symbolic link what
+  /// that leads to; what is no regular file makes the save fail. An empty name asks for no backup. A relative path
+  /// begins in the working folder.
   SaveOptions& WithBackup(const std::string& path);
 
   /// Lets a program judge the new text before it replaces the old one. It is started without a shell, its
   /// standard input empty, its last argument the path of a file that holds the new text, and accepts
-  /// it by ending with 0. Anything else refuses it: see RejectedText. Its end is a SIGCHLD for this process,
-  /// whose handler must not take the status of children that are not its own.
+  /// it by ending with 0. Anything else refuses it: see RejectedText. The save fails too, with kFile, when the
+  /// program changed the text. Its end is a SIGCHLD for this process, which must not ignore that signal, nor take
+  /// the status of children that are not its own when it handles it.
   ///
   /// \param command  the program and its arguments: {"/usr/sbin/dhcpd", "-t", "-4", "-cf"}. A name
   ///                 without "/" is looked for in the folders of PATH. An empty list asks for no verifier.

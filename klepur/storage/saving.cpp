@@ -42,13 +42,18 @@ class Saving {
   std::shared_ptr<const SaveFacts> Run() {
     target_ = TargetOf(path_, IfMissing::kMake);
     Lock();
-    if (!wishes_.forced) RequireUnchanged();
     if (HoldsText()) return Finish();
+    if (!wishes_.forced) RequireUnchanged();
     facts_->written = true;
     try {
       Replace();
     } catch (const Error& error) {
-      if (error.Code() != ErrorCode::kRefused || !wishes_.in_place_if_needed) throw;
+      if (error.Code() != ErrorCode::kRefused) throw;
+      if (!Exists()) throw Error(ErrorCode::kFile, error.what());
+      if (!wishes_.in_place_if_needed) {
+        throw Error(ErrorCode::kRefused,
+                    std::string(error.what()) + "; the file could only be written in place");
+      }
       OverWrite();
     }
     return Finish();
@@ -106,12 +111,13 @@ class Saving {
     }
     // Whose lock is not held may be somebody's who saves without one.
     if (locked_) TidyUp();
-    const Descriptor folder(Uninterrupted(
-        [&] { return ::open(FolderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    const Folder folder(target_);
     NewFile fresh(target_, path_, Exists() ? kPrivate : kAsUsual, locked_);
-    if (Exists()) Attributes(file_, path_).GiveTo(fresh.File(), path_);
+    GiveAttributes(fresh);  // first, to write nothing when they cannot be given
     const std::uint64_t sum = fresh.Write(text_);
-    Judge(fresh.Name());
+    Judge(fresh);
+    GiveAttributes(fresh);  // writing takes bits of the mode away, and a verifier may do anything
+    fresh.Flush();
     Backup backup = MakeBackup();
     RequireUntouched();
     backup.Name();
@@ -121,7 +127,7 @@ class Saving {
       fresh.BecomeNew(target_);
     }
     facts_->backup = backup.Keep();
-    facts_->warning = FlushFolder(folder, path_);
+    facts_->warning = folder.Flush(path_);
     Know(fresh.File(), sum);
     if (locked_) next_lock_ = FileLock(fresh.Take());
   }
@@ -135,7 +141,6 @@ class Saving {
   }
 
   void OverWrite() {
-    if (!Exists()) throw Error(ErrorCode::kRefused, path_ + ": cannot make the file in its folder");
     facts_->in_place = true;
     if (!wishes_.verifier.empty()) JudgeInMemory();
     Backup backup = MakeBackup();
@@ -146,14 +151,20 @@ class Saving {
     Know(file_, sum);
   }
 
-  void Judge(const std::string& file) {
+  void GiveAttributes(const NewFile& fresh) const {
+    if (Exists()) Attributes(file_, path_).GiveTo(fresh.File(), path_);
+  }
+
+  void Judge(const NewFile& fresh) {
     if (wishes_.verifier.empty()) return;
-    facts_->verifier_output = Verify(wishes_.verifier, wishes_.verifier_limit, file, path_);
+    facts_->verifier_output = Verify(wishes_.verifier, wishes_.verifier_limit, fresh.Name(), path_);
+    fresh.RequireStill(text_);
   }
 
   /// For who cannot make files beside the one that is saved.
   void JudgeInMemory() {
-    const Descriptor memory(::memfd_create("klepur", MFD_CLOEXEC));
+    const Descriptor memory =
+        Above(STDERR_FILENO, Descriptor(::memfd_create("klepur", MFD_CLOEXEC)));
     if (!memory.IsOpen() || !text_.WriteTo(memory.Get())) {
       throw Failure(path_, "write the text for the verifier");
     }

@@ -89,7 +89,7 @@ class KLEPUR_EXPORT StoredFile {
   bool HasChanged() const;
 
   /// Saves the text of a document, or a text, and remembers the file anew. When the file holds the text already,
-  /// nothing is touched: no backup is made and no verifier is run.
+  /// whoever wrote it, nothing is touched: no backup is made and no verifier is run.
   ///
   /// Files that a killed saver left beside it are removed. They are called ".NAME.klepur-PID-XXXXXXXX", and
   /// locked while their saver lives.

@@ -57,7 +57,8 @@ Descriptor OpenTarget(const std::string& target, const std::string& path, IfMiss
                       int access) {
   // Not to wait for the other end of a pipe, which is told from a file only once it is open.
   const int flags = access | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-  Descriptor file(Uninterrupted([&] { return ::open(target.c_str(), flags); }));
+  const int opened = Uninterrupted([&] { return ::open(target.c_str(), flags); });
+  Descriptor file = Above(STDERR_FILENO, Descriptor(opened));
   if (!file.IsOpen()) {
     if (errno == ENOENT && missing == IfMissing::kMake) return file;
     throw Failure(path, "open the file");

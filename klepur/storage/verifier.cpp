@@ -32,18 +32,14 @@ constexpr int kNoFile = -1;
 constexpr int kFileOfChild = 3;
 constexpr int kLongestPause = 20;  // milliseconds
 
-/// Both ends of a pipe, out of the way of the standard streams.
+/// Both ends of a pipe; the one for the child out of the way of what it gets open.
 struct Pipe {
   explicit Pipe(const std::string& path) {
     std::array<int, 2> ends = {};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw Failure(path, "make a pipe for the verifier");
     read = Descriptor(ends[0]);
-    write = Descriptor(ends[1]);
-    if (ends[1] <= kFileOfChild) {
-      write = Descriptor(::fcntl(ends[1], F_DUPFD_CLOEXEC, kFileOfChild + 1));
-      if (!write.IsOpen()) throw Failure(path, "make a pipe for the verifier");
-    }
-    if (::fcntl(ends[0], F_SETFL, O_NONBLOCK) != 0) {
+    write = Above(kFileOfChild, Descriptor(ends[1]));
+    if (!write.IsOpen() || ::fcntl(ends[0], F_SETFL, O_NONBLOCK) != 0) {
       throw Failure(path, "make a pipe for the verifier");
     }
   }

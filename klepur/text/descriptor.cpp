@@ -1,5 +1,7 @@
 #include <klepur/text/descriptor.h>
 
+#include <fcntl.h>
+
 #include <cerrno>
 
 namespace klepur::internal {
@@ -9,6 +11,11 @@ Descriptor::~Descriptor() {
   const int reason = errno;
   ::close(descriptor_);
   errno = reason;
+}
+
+Descriptor Above(int lowest, Descriptor file) noexcept {
+  if (!file.IsOpen() || file.Get() > lowest) return file;
+  return Descriptor(::fcntl(file.Get(), F_DUPFD_CLOEXEC, lowest + 1));
 }
 
 }  // namespace klepur::internal

@@ -28,6 +28,12 @@ class Descriptor {
   int descriptor_ = -1;
 };
 
+/// The same open file under a number above `lowest`. Not open when that failed, or it was not, for the reason in
+/// errno.
+///
+/// A file must not be open where a standard stream was closed: what somebody prints would get into it.
+Descriptor Above(int lowest, Descriptor file) noexcept;
+
 }  // namespace klepur::internal
 
 #endif

@@ -14,10 +14,14 @@ namespace {
 /// of it to another.
 constexpr std::size_t kHuge = std::size_t{2} << 20;
 
-/// A multiple of kHuge.
+/// A multiple of the size of small pages, which is another one on other machines.
+constexpr std::size_t kSmall = std::size_t{64} << 10;
+
+/// A multiple of kSmall, not of kHuge: what is behind the last whole huge page takes small ones, of which
+/// none is in memory that nothing was written to.
 std::size_t PagesFor(std::size_t size) {
   if (size > std::numeric_limits<std::size_t>::max() / 2) throw std::bad_alloc();
-  return (size + kHuge - 1) / kHuge * kHuge;
+  return (size + kSmall - 1) / kSmall * kSmall;
 }
 
 /// Pages at a multiple of kHuge.

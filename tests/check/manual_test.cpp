@@ -108,6 +108,8 @@ TEST(ChecksManual, MendsOfItsExamplesPutThemRight) {
   EXPECT_EQ(mended,
             "missing-semicolon\n"
             "empty-statement\n"
+            "malformed-text\n"
+            "malformed-expression\n"
             "host-bits\n"
             "misspelled-keyword\n"
             "unknown-permission\n"

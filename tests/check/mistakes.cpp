@@ -228,6 +228,46 @@ const std::vector<Mistake> kMistakes = {
        return SetValue(file, file.Any("option data", random),
                        Below(random, 2) == 0 ? "maker" : "01:02:100");
      }},
+    {"malformed-date", In::kAny,
+     [](File& file, Random& random) {
+       constexpr const char* kWrong[] = {"2030/01/31 00:00:00", "6 2030-01-31 00:00:00",
+                                         "6 2030/01/31", "epoch", "tomorrow"};
+       return PutBefore(file, file.Any("allow", random),
+                        std::string("deny after ") + kWrong[Below(random, std::size(kWrong))] +
+                            ";");
+     }},
+    {"malformed-duid", In::kDhcp6,
+     [](File& file, Random& random) {
+       constexpr const char* kWrong[] = {"00:01:00:01", "LL 00:16:3e:00:00:01", "EN 2495 01:02",
+                                         "LLT ethernet 00:16:3e:00:00:01", "ethernet"};
+       return PutBefore(file, file.Any("authoritative", random),
+                        std::string("server-duid ") + kWrong[Below(random, std::size(kWrong))] +
+                            ";");
+     }},
+    {"malformed-expression", In::kAny,
+     [](File& file, Random& random) {
+       constexpr const char* kWrong[] = {"substring(option host-name, 0) = \"a\"",
+                                         "(option host-name = \"a\"",
+                                         "option host-name == \"a\"",
+                                         "option host-name = \"a\" and",
+                                         "(known) and (static)",
+                                         "option host-name",
+                                         "not \"a\""};
+       return PutBefore(file, file.Any("class", random),
+                        std::string("if ") + kWrong[Below(random, std::size(kWrong))] +
+                            " { min-lease-time 60; }");
+     }},
+    {"malformed-expression", In::kAny,
+     [](File& file, Random& random) {
+       constexpr const char* kWrong[] = {"600", "concat(\"a\")", "known", "\"a\" \"b\"", ""};
+       return SetValue(file, file.Any("option music", random),
+                       std::string("= ") + kWrong[Below(random, std::size(kWrong))]);
+     }},
+    {"unknown-choice", In::kAny,
+     [](File& file, Random& random) {
+       return PutBefore(file, file.Any("class", random),
+                        "on commit or renewal { max-lease-time 7200; }");
+     }},
     {"unknown-choice", In::kAny,
      [](File& file, Random& random) {
        return SetValue(file, file.Any("ddns-update-style", random),

@@ -49,6 +49,7 @@ const std::string kKey = "key k { algorithm hmac-md5; secret \"aGVsbG8=\"; }\n";
 TEST(Key, IsDeclaredAndUsed) {
   ExpectFoundIn(kKey + "zone a. { primary 10.0.0.1; key K; }\n", "");
   ExpectFoundIn(kKey + "omapi-key k;\n", "");
+  ExpectFoundIn("class \"c\" { omapi-key k; }\n", "");
   ExpectFoundIn("omapi-key k;\n" + kKey, "1:11 undeclared-key <- 2\n");
   ExpectFoundIn("zone a. { primary 10.0.0.1; key k; }\n", "1:33 undeclared-key\n");
   ExpectFoundIn(kKey, "1:1 unused-key\n");
@@ -61,6 +62,12 @@ TEST(Option, IsDefinedAndUsed) {
                 "1:8 option-before-definition <- 2\n");
   ExpectFoundIn("option x code 200 = text;\n", "1:1 unused-option\n");
   ExpectFoundIn("option x code 200 = text;\ninclude \"more\";\n", "");
+  ExpectFoundIn("option routers code 3 = text;\n", "");
+  const std::string space =
+      "option space s;\noption s.a code 1 = text;\noption s.b code 2 = text;\n"
+      "option c code 200 = encapsulate s;\n";
+  ExpectFoundIn(space + "option s.a \"x\";\n", "");
+  ExpectFoundIn(space, "2:1 unused-option\n3:1 unused-option\n4:1 unused-option\n");
 }
 
 TEST(UnusedClass, HasNoStatementsOfItsOwn) {

@@ -87,6 +87,10 @@ TEST(Blocks, HaveTheFormOfTheirKeyword) {
       {"max-lease-time { }\n", "1:1 surplus-block\n"},
       {"if known\n  max-lease-time 5;\n", "1:1 missing-block\n"},
       {"host a;\n", "1:1 missing-block\n"},
+      {"group a;\n", "1:1 missing-block\n"},
+      {"key k;\n", "1:1 missing-block\n"},
+      {"failover peer \"f\";\n", "1:1 missing-block\n"},
+      {"no failover peer\n", "1:1 unknown-statement\n"},
       {"switch (known) {\n  case 1\n  max-lease-time 5;\n}\n", "2:3 label-without-colon\n"},
       {"switch (known) {\n  case 1:\n  max-lease-time 5;\n}\n", ""},
   };
@@ -117,6 +121,15 @@ TEST(Definitions, HaveANumberAndATypeThatThereIs) {
       {"option a code 200 = array of { ip-address, integer 8 };\n", ""},
       {"option a code 200 = domain-list compressed;\noption b code 201 = encapsulate dhcp;\n", ""},
       {"option a code 200 =\n  { unsigned integer 32, array of boolean };\n", ""},
+      {"option a code 200 = { integer 8, text };\n", ""},
+      {"option space s;\noption a code 200 = { integer 8, encapsulate s };\n", ""},
+      {"option a code 0x10 = text;\n", "1:15 malformed-definition\n"},
+      {"option a code 200 = ;\n", "1:15 malformed-definition\n"},
+      {"option a code 200 = { text, integer 8 };\n", "1:29 malformed-definition\n"},
+      {"option a code 200 = array of { integer 8, text };\n", "1:43 malformed-definition\n"},
+      {"option a code 200 = array of encapsulate dhcp;\n", "1:30 malformed-definition\n"},
+      {"option a code 200 = array of zerolen;\n", "1:30 malformed-definition\n"},
+      {"group { option a code 200 = text; }\n", "1:9 misplaced-statement\n"},
       {"option a code x = text;\n", "1:15 malformed-definition\n"},
       {"option a code 200 text;\n", "1:15 malformed-definition\n"},
       {"option a code 200 = song;\n", "1:21 malformed-definition\n"},
@@ -126,6 +139,43 @@ TEST(Definitions, HaveANumberAndATypeThatThereIs) {
       {"option a code 200 = array of array of text;\n", "1:30 malformed-definition\n"},
   };
   ExpectFound(cases, ByItself());
+}
+
+TEST(Definitions, AreOfSpacesAbove) {
+  const CheckCase cases[] = {
+      {"option space s;\noption s.a code 1 = text;\noption b code 200 = encapsulate s;\n", ""},
+      {"option s.a code 1 = text;\noption space s;\n", "1:8 unknown-option-space <- 2\n"},
+      {"option b code 200 = encapsulate s;\n", "1:33 unknown-option-space\n"},
+      {"option b code 200 = encapsulate s;\noption space s;\n", "1:33 unknown-option-space <- 2\n"},
+      {"option vendor.a code 1 = text;\noption fqdn.b code 9 = text;\n", ""},
+  };
+  ExpectFound(cases, ByItself());
+}
+
+TEST(Definitions, CanBeOfOptionsThatTheServerHas) {
+  const CheckCase cases[] = {
+      {"option domain-search code 119 = string;\noption domain-search 01:02;\n", ""},
+      {"option routers code 3 = text;\noption routers \"x\";\n", ""},
+      {"option domain-search code 119 = string;\noption routers \"x\";\n",
+       "2:16 malformed-address\n"},
+      {"option routers \"x\";\noption routers code 3 = text;\n", "1:16 malformed-address\n"},
+      {"option domain-name code 15 = song;\n", "1:30 malformed-definition\n"},
+  };
+  ExpectFound(cases);
+}
+
+TEST(OptionSpaces, SayHowLongTheirNumbersAre) {
+  const CheckCase cases[] = {
+      {"option space s code width 2 length width 01 hash size 7;\n", ""},
+      {"option space s length width 2 code width 4;\n", ""},
+      {"option space s code width 3;\n", "1:16 malformed-definition\n"},
+      {"option space s code width 1, length width 1;\n", "1:28 malformed-definition\n"},
+      {"option space s length width 4;\n", "1:16 malformed-definition\n"},
+      {"option space s hash;\n", "1:16 malformed-definition\n"},
+      {"option space \"s\";\n", "1:14 malformed-text\n"},
+      {"option space;\n", "1:1 missing-value\n"},
+  };
+  ExpectFound(cases);
 }
 
 TEST(HardwareAddresses, AreThoseOfOneHostOfANetwork) {

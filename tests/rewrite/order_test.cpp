@@ -69,6 +69,8 @@ TEST(RewriteOrder, CountsWhereItHasAMeaning) {
        "if known {\n  supersede routers 1;\n}\noption routers 2;\n", "4 behind 2"},
       {"permission behind a branch", "if known {\n  allow booting;\n}\ndeny booting;\n",
        "4 behind 2"},
+      {"value behind one that the classes take into a block",
+       "host a {\n  host b { x 1; }}\na 1;\n}\na 2;\n", "5 behind 3"},
       {"value behind a host", "host a {\n  a 1;\n}\na 2;\n", ""},
       {"value of a class behind one",
        "class \"c\" {\n  a 1;\n}\nclass \"d\" { match if x; a 2; }\n", "4 behind 2"},

@@ -77,6 +77,9 @@ const Row kRows[] = {
     {"a block and the brace of another one before more", "group {\n  host a { x 1; } }\ny 2;\n",
      "1:1 swallowed-brace; 2:3 one-line-block (note)"},
 
+    {"a value whose brace is not closed", "option a code 1 = {\n  integer 8;\nb 2;\n",
+     "1:1 brace-in-value"},
+
     // text without a semicolon
     {"text before a brace", "host a {\n  x 1\n}\ny 2;\n", "2:3 text-before-brace; 4:1 behind-text"},
     {"text before a block", "x 1\nhost a {\n}\n", "1:1 missing-semicolon; 2:1 behind-text"},
@@ -125,6 +128,21 @@ TEST(RewriteLosses, AreTheSameWithCarriageReturns) {
     SCOPED_TRACE(row.what);
     EXPECT_EQ(Told(FindRewriteLosses(WithCarriageReturns(row.text))), row.losses) << row.text;
   }
+}
+
+TEST(RewriteLosses, OfAQuotedTextWithASemicolonAreThoseOfItsLineEndsAndIndentation) {
+  const struct {
+    const char* text;
+    const char* losses;
+  } kQuotes[] = {
+      {"a \"1;\n2\";\n", ""},
+      {"a \"1;\r\n2\";\r\n", "1:1 quote-over-lines"},
+      {"a \"1;\n  2\";\n", "1:1 quote-over-lines"},
+      {"host a {\n  b \"1;\n2\";\n}\n", "2:3 quote-over-lines"},
+      {"host a {\n  b \"1;\n\t2\";\n}\n", ""},
+  };
+  for (const auto& row : kQuotes)
+    EXPECT_EQ(Told(FindRewriteLosses(row.text)), row.losses) << row.text;
 }
 
 TEST(RewriteLosses, AreThoseOfWhatStandsBehindANulByteToo) {

@@ -155,6 +155,24 @@ TEST_F(Keeping, BackupThatCannotBeMadeStopsTheSave) {
   }
 }
 
+TEST_F(Keeping, BackupDoesNotReplaceWhatIsNoFile) {
+  const std::string path = scratch_.Write("f", kOld);
+  const std::string pipe = scratch_.Path("pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& name : {pipe, scratch_.Path(".")}) {
+    try {
+      SaveText(path, kNew, SaveOptions().WithBackup(name));
+      ADD_FAILURE() << "saved";
+    } catch (const Error& error) {
+      EXPECT_EQ(error.what(), path + ": cannot make a backup: " + fs::canonical(name).string() +
+                                  " is no regular file");
+    }
+  }
+  EXPECT_TRUE(S_ISFIFO(StatusOf(pipe).st_mode));
+  EXPECT_EQ(ReadFile(path), kOld);
+  EXPECT_EQ(NamesIn(scratch_), "f pipe");
+}
+
 TEST_F(Keeping, BackupMayLieOnAnotherFileSystem) {
   const std::string path = scratch_.Write("f", kOld);
   struct stat memory = {};
@@ -199,6 +217,58 @@ class KeepingAsAUser : public Keeping {
     EXPECT_EQ(ReadFile(path), "short\n");
   }
 };
+
+TEST_F(KeepingAsAUser, BitsOfTheModeStayThatWritingTakesAway) {
+  ASSERT_EQ(::chmod(scratch_.Path(".").c_str(), 0777), 0);
+  const test::Unprivileged user;
+  if (!user.Holds()) GTEST_SKIP() << "root's rights cannot be let go of";
+  const std::string path = scratch_.Write("f", kOld);
+  ASSERT_EQ(::chmod(path.c_str(), 04755), 0);
+  SaveText(path, kNew);
+  EXPECT_EQ(ReadFile(path), kNew);
+  EXPECT_EQ(StatusOf(path).st_mode & 07777U, 04755U);
+}
+
+TEST_F(KeepingAsAUser, FileThatCannotBeMadeIsNotSaidToBeWrittenInPlace) {
+  const std::string path = scratch_.Write("f", kOld);
+  ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
+  ASSERT_EQ(::chmod(scratch_.Path(".").c_str(), 0555), 0);
+  {
+    const test::Unprivileged user;
+    if (!user.Holds()) GTEST_SKIP() << "root's rights cannot be let go of";
+    const std::string step = ": cannot make a file beside it: Permission denied";
+    const std::string g = scratch_.Path("g");
+    const std::string b = scratch_.Path("b");
+    const auto failure = [](const std::string& saved, const SaveOptions& options) {
+      try {
+        SaveText(saved, kNew, options);
+      } catch (const Error& error) {
+        EXPECT_EQ(error.Code(), ErrorCode::kFile);
+        return std::string(error.what());
+      }
+      return std::string("saved");
+    };
+    EXPECT_EQ(failure(g, SaveOptions()), g + step);
+    EXPECT_EQ(failure(g, SaveOptions().InPlaceIfNeeded()), g + step);
+    EXPECT_EQ(failure(path, SaveOptions().InPlaceIfNeeded().WithBackup(b)),
+              path + ": cannot make a backup: " + b + step);
+  }
+  EXPECT_EQ(NamesIn(scratch_), "f");
+  ASSERT_EQ(::chmod(scratch_.Path(".").c_str(), 0755), 0);
+}
+
+TEST_F(KeepingAsAUser, FolderThatCannotBeReadIsNotFlushed) {
+  ASSERT_EQ(::chmod(scratch_.Path(".").c_str(), 0333), 0);
+  {
+    const test::Unprivileged user;
+    if (!user.Holds()) GTEST_SKIP() << "root's rights cannot be let go of";
+    const std::string path = scratch_.Write("f", kOld);
+    EXPECT_EQ(SaveText(path, kNew).Warning(),
+              path + ": cannot flush its folder: Permission denied");
+    EXPECT_EQ(ReadFile(path), kNew);
+  }
+  ASSERT_EQ(::chmod(scratch_.Path(".").c_str(), 0755), 0);
+}
 
 TEST_F(KeepingAsAUser, UnwritableFolderIsRefusedOrWrittenInPlace) {
   const std::string path = scratch_.Write("f", kOld);

@@ -118,6 +118,24 @@ TEST(Places, FolderThatIsReadOnlyIsRefused) {
   EXPECT_EQ(test::ReadFile(scratch.Path("f")), "old\n");
 }
 
+TEST(Places, StandardStreamsThatAreClosedAreNotTakenForFiles) {
+  const test::ScratchFolder scratch;
+  // "f" is a folder's only file that no other can be made beside: its text is judged in memory.
+  for (const bool mounted : {false, true}) {
+    if (mounted && !MayMount()) GTEST_SKIP() << "no mount namespace can be made here";
+    for (const char* const closed : {"<&-", ">&-", "2>&-", "<&- >&-", "<&- 2>&-", "<&- >&- 2>&-"}) {
+      scratch.Write("f", "old\n");
+      const std::string save = "cd " + scratch.Path(".") + " && " +
+                               (mounted ? "mount --bind f f && " : "") +
+                               Saver("save f new in-place verify=./judge ") + closed;
+      scratch.Write("judge", "#!/bin/sh\necho judged\ntest \"$(cat $1)\" = new\n");
+      ASSERT_EQ(RunShell("chmod +x " + scratch.Path("judge")).status, 0);
+      EXPECT_EQ(RunShell(mounted ? Mounted(save) : save).status, 0) << closed;
+      EXPECT_EQ(test::ReadFile(scratch.Path("f")), "new") << closed;
+    }
+  }
+}
+
 TEST(Places, ShortWriteLeavesTheOldFile) {
   const test::ScratchFolder scratch;
   const std::string path = scratch.Write("f", "old\n");

@@ -47,6 +47,8 @@ TYPED_TEST(SavingConfig, WritesWhatSaveWrites) {
   EXPECT_FALSE(SaveSafely(file).Written());
   ASSERT_EQ(file.Save(this->scratch_.Path("saved")), 1);
   EXPECT_EQ(ReadFile(this->scratch_.Path("saved")), text);
+  ASSERT_EQ(file.Save(""), 1);
+  EXPECT_FALSE(SaveSafely(file).Written());
 }
 
 TYPED_TEST(SavingConfig, FileThatChangedIsNotOverwritten) {

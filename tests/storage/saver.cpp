@@ -20,10 +20,11 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/error_word.h"
+
 namespace {
 
 using klepur::Document;
-using klepur::ErrorCode;
 using klepur::IfMissing;
 using klepur::SaveOptions;
 using klepur::SaveReport;
@@ -34,23 +35,6 @@ using klepur::StoredFile;
   std::printf("%s\n%s\n", std::string(word).c_str(), why.c_str());
   std::fflush(stdout);
   _exit(status);
-}
-
-const char* WordFor(ErrorCode code) {
-  switch (code) {
-    case ErrorCode::kFile:
-      return "file";
-    case ErrorCode::kChanged:
-      return "changed";
-    case ErrorCode::kLocked:
-      return "locked";
-    case ErrorCode::kRefused:
-      return "refused";
-    case ErrorCode::kRejected:
-      return "rejected";
-    default:
-      return "other";
-  }
 }
 
 bool Begins(const std::string& text, std::string_view front) {
@@ -107,6 +91,6 @@ int main(int argc, char** argv) {
     if (command == "edit") Edit(argv[2], argv[3], std::atoi(argv[4]), options);
     Save(argv[2], argv[3], command == "make" ? IfMissing::kMake : IfMissing::kFail, options);
   } catch (const klepur::Error& error) {
-    End(WordFor(error.Code()), error.what(), EXIT_FAILURE);
+    End(klepur::test::ToText(error.Code()), error.what(), EXIT_FAILURE);
   }
 }

@@ -286,6 +286,16 @@ TEST_P(StoringAfterMeddling, IsRefusedWhereSomethingWouldBeLost) {
   }
 }
 
+TEST_F(Storing, FileToWhichSomebodyElseWroteTheTextIsSaved) {
+  const std::string path = scratch_.Write("f", kOld);
+  StoredFile file = StoredFile::Open(path);
+  file.Read();
+  scratch_.Write("f", "as another wrote it;\n");
+  EXPECT_FALSE(file.Save("as another wrote it;\n").Written());
+  EXPECT_FALSE(file.HasChanged());
+  EXPECT_TRUE(file.Save(kNew).Written());
+}
+
 TEST_F(Storing, RemovedFileIsMadeAgainOnlyWhenForced) {
   const std::string path = scratch_.Write("f", kOld);
   StoredFile file = StoredFile::Open(path);

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/storage/command.h"
 #include "tests/storage/folder.h"
 #include "tests/support/files.h"
 
@@ -79,7 +80,7 @@ TEST_F(Verifying, RejectedTextIsNotSaved) {
 TEST_F(Verifying, VerifierThatTakesTooLongIsKilledWithWhatItStarted) {
   const auto start = std::chrono::steady_clock::now();
   const std::string process =
-      Rejection("sleep 100 & echo $!; sleep 100", "it took too long", milliseconds(200));
+      Rejection("sleep 100 & echo $!; sleep 100", "it took too long", milliseconds(2000));
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
   const int sleeper = std::atoi(process.c_str());
   ASSERT_GT(sleeper, 1);
@@ -95,7 +96,7 @@ TEST_F(Verifying, VerifierThatTakesTooLongIsKilledWithWhatItStarted) {
 TEST_F(Verifying, EndlessOutputIsCutAndItsTimeLimited) {
   const std::string output =
       Rejection("while :; do echo yyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyy; done",
-                "it took too long", milliseconds(100));
+                "it took too long", milliseconds(500));
   EXPECT_LE(output.size(), std::size_t{1} << 20);
   EXPECT_EQ(Rejection("head -c 3000000 /dev/zero; exit 1", "it ended with 1").size(),
             std::size_t{1} << 20);
@@ -105,6 +106,38 @@ TEST_F(Verifying, WhatItLeavesRunningIsNotWaitedFor) {
   const auto start = std::chrono::steady_clock::now();
   EXPECT_TRUE(Save({"/bin/sh", "-c", "sleep 20 & exit 0", "sh"}).Written());
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
+TEST_F(Verifying, WhatItMakesOfTheTextIsNotSaved) {
+  const std::string stop =
+      path_ + ": cannot use the file beside it: somebody else changed it meanwhile";
+  for (const char* const script : {"echo '# checked' >>\"$1\"", "sed -i s/3600/60/ \"$1\"",
+                                   "rm \"$1\"", "cp \"$1\" \"$1.copy\"; mv \"$1.copy\" \"$1\""}) {
+    try {
+      Save({"/bin/sh", "-c", script, "sh"});
+      ADD_FAILURE() << script;
+    } catch (const Error& error) {
+      EXPECT_EQ(error.what(), stop) << script;
+    }
+    EXPECT_EQ(ReadFile(path_), kOld) << script;
+    EXPECT_EQ(NamesIn(scratch_), "f") << script;
+  }
+}
+
+TEST_F(Verifying, ModeThatItGivesTheFileIsNotKept) {
+  EXPECT_TRUE(Save({"/bin/chmod", "777"}).Written());
+  EXPECT_NE(std::filesystem::status(path_).permissions(), std::filesystem::perms::all);
+}
+
+TEST_F(Verifying, SaverThatItKillsLeavesTheOldText) {
+  scratch_.Write("kill", "#!/bin/sh\nkill -9 $PPID\n");
+  std::filesystem::permissions(scratch_.Path("kill"), std::filesystem::perms::owner_all);
+  const std::string save = test::Saver("save " + path_ + " new verify=");
+  EXPECT_EQ(test::RunShell(save + scratch_.Path("kill")).status, 128 + SIGKILL);
+  EXPECT_EQ(ReadFile(path_), kOld);
+  EXPECT_EQ(test::RunShell(save + "true").output, "written\n\n");
+  EXPECT_EQ(ReadFile(path_), "new");
+  EXPECT_EQ(NamesIn(scratch_), "f kill");
 }
 
 TEST_F(Verifying, InputIsEmpty) {

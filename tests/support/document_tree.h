@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/error_word.h"
+
 namespace klepur::test {
 
 /// All nodes below the file's, one a line, two blanks deeper at each level:
@@ -32,9 +34,6 @@ std::string FindingsText(const Document& document);
 
 /// A finding's code in words: "unclosed block".
 std::string_view ToText(FindingCode code);
-
-/// An error's code in words: "bad place".
-std::string_view ToText(ErrorCode code);
 
 /// A text in which every byte can be seen.
 std::string Visible(std::string_view text);

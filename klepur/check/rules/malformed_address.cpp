@@ -11,10 +11,8 @@
 namespace klepur::internal {
 namespace {
 
-/// A number up to 255, in decimal or with 0x before it.
 bool IsByte(std::string_view text) {
-  if (ParseDecimal(text, 255)) return true;
-  return text.size() > 2 && text.size() <= 4 && ToSmallLetter(text[1]) == 'x' && IsNumber(text);
+  return ParseDecimal(text, 255).has_value();
 }
 
 /// The text up to the next dot, which is taken off with it.
@@ -33,15 +31,17 @@ bool IsAddressOfBytes(std::string_view text) {
   return text.empty();
 }
 
+/// Words with dots between, and maybe one at the end.
 bool IsName(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
+  return text.front() != '.' && text.front() != '_' && text.find("..") == std::string_view::npos &&
+         std::all_of(text.begin(), text.end(),
                      [](char byte) { return IsWordByte(byte) || byte == '.'; });
 }
 
 bool BeginsAsAddress(std::string_view text) {
   std::string_view rest = text;
   const std::string_view part = TakePart(rest);
-  return part.size() != text.size() && IsNumber(part);
+  return part.size() != text.size() && IsDecimalNumber(part);
 }
 
 }  // namespace

@@ -8,11 +8,9 @@
 namespace klepur::internal {
 namespace {
 
-bool IsHexByte(std::string_view text) {
-  return !text.empty() && text.size() <= 2 && std::all_of(text.begin(), text.end(), [](char byte) {
-    const char small = ToSmallLetter(byte);
-    return IsDigit(byte) || (small >= 'a' && small <= 'f');
-  });
+bool IsHexDigit(char byte) {
+  const char small = ToSmallLetter(byte);
+  return IsDigit(byte) || (small >= 'a' && small <= 'f');
 }
 
 bool AreHexBytes(std::string_view text) {
@@ -25,6 +23,13 @@ bool AreHexBytes(std::string_view text) {
 }
 
 }  // namespace
+
+bool IsHexByte(std::string_view word) noexcept {
+  if (!word.empty() && word.front() == '-') word.remove_prefix(1);
+  if (word.empty() || !std::all_of(word.begin(), word.end(), IsHexDigit)) return false;
+  while (word.size() > 2 && word.front() == '0') word.remove_prefix(1);
+  return word.size() <= 2;
+}
 
 void ReadData(ValueWords& words, std::string_view /*type*/, ValueProblem& problem) {
   const ValueWord first = *words.Next();

@@ -14,17 +14,19 @@ enum class Quotes { kMust, kMay, kMustNot };
 struct Naming {
   std::string_view block;
   Quotes quotes;
-  bool may_lack = false;   ///< Whether the block does without a name.
-  bool may_go_on = false;  ///< Whether more stands behind the name.
+  bool may_lack = false;  ///< Whether the block does without a name.
 };
 
 constexpr Naming kNamings[] = {
-    {"class", Quotes::kMust},         {"host", Quotes::kMustNot},
-    {"group", Quotes::kMay, true},    {"key", Quotes::kMay},
-    {"shared-network", Quotes::kMay}, {"subclass", Quotes::kMust, false, true},
-    {"user-class", Quotes::kMust},    {"vendor-class", Quotes::kMust},
-    {"zone", Quotes::kMustNot},
+    {"class", Quotes::kMust}, {"host", Quotes::kMustNot},       {"group", Quotes::kMay, true},
+    {"key", Quotes::kMay},    {"shared-network", Quotes::kMay}, {"zone", Quotes::kMustNot},
 };
+
+std::string_view WithoutQuotes(std::string_view name) {
+  name.remove_prefix(1);
+  if (!name.empty() && name.back() == '"') name.remove_suffix(1);
+  return name;
+}
 
 /// Whether a header's words are those of most: one name without quotes, and nothing else.
 bool IsPlainName(std::string_view value) {
@@ -46,9 +48,9 @@ const Naming* NamingOf(const Item& item) {
 }
 
 /// Whether a word goes on behind the name, and is no part of it, as what follows a dot that stands alone.
-bool HasMore(std::string_view name, std::string_view word, const Naming& naming) {
+bool HasMore(std::string_view name, std::string_view word) {
   const bool is_joined = name.back() == '.' || (!word.empty() && word.front() == '.');
-  return !word.empty() && !naming.may_go_on && !is_joined && word.front() != '{';
+  return !word.empty() && !is_joined && word.front() != '{';
 }
 
 }  // namespace
@@ -68,7 +70,8 @@ void MalformedName(const Item& item, const Facts& /*facts*/, Report& report) {
   const bool quoted = name.front() == '"';
   if (quoted && naming->quotes == Quotes::kMustNot) {
     report.Add({.node = item.id,
-                .message = "the name of a " + block + " stands without quotes: " + Excerpt(name),
+                .message = "the name of a " + block +
+                           " stands without quotes: " + Excerpt(WithoutQuotes(name)),
                 .at = name});
   } else if (!quoted && naming->quotes == Quotes::kMust) {
     const std::string with_quotes = '"' + std::string(name) + '"';
@@ -76,7 +79,7 @@ void MalformedName(const Item& item, const Facts& /*facts*/, Report& report) {
                 .message = "the name of a " + block + " stands between quotes: " + with_quotes,
                 .at = name,
                 .mend = report.Rewrite(item.id, name, with_quotes)});
-  } else if (const std::string_view more = words.Next(); HasMore(name, more, *naming)) {
+  } else if (const std::string_view more = words.Next(); HasMore(name, more)) {
     report.Add(
         {.node = item.id,
          .message = "the name of a " + block + " is one word, and " + Excerpt(more) + " is another",

@@ -57,6 +57,11 @@ bool IsNumber(std::string_view word) noexcept {
   return !digits.empty() && std::all_of(digits.begin(), digits.end(), is_digit);
 }
 
+bool IsDecimalNumber(std::string_view word) noexcept {
+  if (!word.empty() && word.front() == '-') word.remove_prefix(1);
+  return !word.empty() && std::all_of(word.begin(), word.end(), IsDigit);
+}
+
 void ReadNumber(ValueWords& words, std::string_view type, ValueProblem& problem) {
   const ValueWord word = *words.Next();
   if (word.kind != ValueWord::kPlain || !IsNumber(word.text)) {

@@ -1,6 +1,7 @@
 // An included file that does not exist: the server does not start.
 #include <klepur/check/rules/rules.h>
 
+#include <klepur/document/document.h>
 #include <klepur/document/node_text.h>
 
 #include <filesystem>

@@ -12,6 +12,7 @@
 
 #include <klepur/check/facts.h>
 #include <klepur/check/report.h>
+#include <klepur/document/document.h>
 #include <klepur/document/node_text.h>
 #include <klepur/text/letters.h>
 

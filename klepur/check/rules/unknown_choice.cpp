@@ -7,7 +7,8 @@ namespace klepur::internal {
 namespace {
 
 /// Choices that the server knows by keywords, which may be written in any case.
-constexpr std::string_view kOfKeywords[] = {"default|local", "octal|hex"};
+constexpr std::string_view kOfKeywords[] = {"default|local", "octal|hex",
+                                            "commit|release|expiry|transmission"};
 
 bool IsSame(std::string_view word, std::string_view choice, std::string_view type) {
   const bool any_case =
@@ -40,6 +41,18 @@ void ReadChoice(ValueWords& words, std::string_view type, ValueProblem& problem)
     rest.remove_prefix(std::min(bar + 1, rest.size()));
   }
   problem = {"unknown-choice", word.text, Excerpt(word.text) + " is none of " + InWords(type)};
+}
+
+/// What a lease meets with, with "or" between.
+void ReadEvents(ValueWords& words, std::string_view /*type*/, ValueProblem& problem) {
+  constexpr std::string_view kEvents = "commit|release|expiry|transmission";
+  do {
+    if (words.AtEnd()) {
+      problem = {"missing-value", {}, "the value ends early: " + InWords(kEvents) + " is missing"};
+      return;
+    }
+    ReadChoice(words, kEvents, problem);
+  } while (!problem && words.Skip("or"));
 }
 
 }  // namespace klepur::internal

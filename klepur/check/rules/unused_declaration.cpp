@@ -2,7 +2,12 @@
 #include <klepur/check/rules/references.h>
 #include <klepur/check/rules/rules.h>
 
+#include <klepur/check/option_names.h>
 #include <klepur/document/words_of_text.h>
+#include <klepur/language/word_index.h>
+
+#include <algorithm>
+#include <string>
 
 namespace klepur::internal {
 namespace {
@@ -22,6 +27,30 @@ bool HoldsBlocks(const DocumentState& state, NodeId block) {
   NodeId id = state.tree.FirstChild(block);
   while (id != kNoNode && !state.IsBlock(id)) id = state.tree[id].next;
   return id != kNoNode;
+}
+
+/// The space that a definition encapsulates, or else the one that its option is of; empty when it is that of all.
+std::string SpaceAround(std::string_view definition, std::string_view name) {
+  WordsOfText words(definition);
+  for (std::string_view word = words.Next(); !word.empty(); word = words.Next()) {
+    if (EqualButForCase(word, "encapsulate"))
+      return OptionNames::SpaceOf(std::string(words.Next()) + ".");
+  }
+  return name.find('.') == std::string_view::npos ? std::string() : OptionNames::SpaceOf(name);
+}
+
+bool IsOptionOfServer(std::string_view name) {
+  return FindTwoWords("option", name) != nullptr;
+}
+
+/// Whether an option holds those of a space, or is one of a space, of which some option is in use.
+bool IsForOthers(const Facts& facts, const NamedFact& option) {
+  const std::string space = SpaceAround(facts.state.OwnText(option.node), option.name);
+  return !space.empty() &&
+         std::any_of(facts.option_uses.begin(), facts.option_uses.end(), [&](const NamedFact& use) {
+           return use.name.find('.') != std::string_view::npos &&
+                  OptionNames::SpaceOf(use.name) == space;
+         });
 }
 
 }  // namespace
@@ -52,8 +81,11 @@ void UnusedKey(const Facts& facts, Report& report) {
 }
 
 void UnusedOption(const Facts& facts, Report& report) {
-  ReportUnused(facts, facts.option_definitions, {&facts.option_uses}, Case::kIgnored, "option",
-               report);
+  std::vector<NamedFact> own;
+  for (const NamedFact& option : facts.option_definitions) {
+    if (!IsOptionOfServer(option.name) && !IsForOthers(facts, option)) own.push_back(option);
+  }
+  ReportUnused(facts, own, {&facts.option_uses}, Case::kIgnored, "option", report);
 }
 
 }  // namespace klepur::internal
