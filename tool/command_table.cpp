@@ -96,7 +96,8 @@ std::vector<Command> LookingCommands() {
        "hardware addresses, "
        "client identifiers, host names, and the names of blocks. Spelling does not count: "
        "00-16-3E-10-00-17 is "
-       "0:16:3e:10:0:17. The exit status is 1 when one of them is not there.",
+       "0:16:3e:10:0:17. The exit status is 1 when one of them is not there; what is disabled is "
+       "not, but told.",
        {kFile, {"WHAT", "what to look for", Offer::kNothing, false, true}},
        Printing(),
        {{"klepur find dhcpd.conf 10.20.0.17", "who has the address, and where it lies"},

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include <tool/block_finder.h>
 #include <tool/block_info.h>
 #include <tool/block_names.h>
 #include <tool/commands.h>
@@ -205,6 +206,22 @@ class Search {
   std::vector<Found> found_;
 };
 
+/// What would be found if it were not disabled: "; disabled is host pc-18 (line 24)". Empty when nothing.
+std::string DisabledHint(const Document& document, const std::string& what) {
+  std::string hint;
+  const Node root = document.Root();
+  for (Node node = root; node; node = NextBelow(node, root)) {
+    if (!node.Is(NodeKind::kBlock) && !node.Is(NodeKind::kFile)) continue;
+    for (const DisabledNode& each : DisabledBelow(node)) {
+      const Document disabled(each.text);
+      if (!each.is_block || !Search(disabled, 1).For(what)) continue;
+      hint += fmt::format("{}{} (line {})", hint.empty() ? "; disabled is " : ", ", each.name,
+                          each.comment.Begin().line);
+    }
+  }
+  return hint;
+}
+
 std::string NameOfFound(const Found& found, BlockNames& names) {
   if (found.node.Is(NodeKind::kBlock)) return names.Step(found.node);
   return OneLine(Plain(found.node.Text()));
@@ -220,7 +237,7 @@ ExitStatus RunFind(const Invocation& invocation) {
   ExitStatus status = ExitStatus::kDone;
   for (const std::string& what : invocation.Arguments("WHAT")) {
     if (search.For(what)) continue;
-    Say(fmt::format("{}: there is no {}", ShownName(file), what));
+    Say(fmt::format("{}: there is no {}{}", ShownName(file), what, DisabledHint(document, what)));
     status = ExitStatus::kNothing;
   }
   BlockNames names(document);

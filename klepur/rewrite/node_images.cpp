@@ -33,8 +33,13 @@ bool IsFirstFrom(const DocumentState& state, NodeId id, TextAddress address) {
   return !BeginsBefore(state, id, address) && (id == 1 || state.tree[id - 1].begin < address);
 }
 
+std::string_view WithoutBlanksBehind(std::string_view text) {
+  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
+  return text;
+}
+
 bool AreSameWords(std::string_view left, std::string_view right) {
-  if (left == right) return true;
+  if (left == right || WithoutBlanksBehind(left) == WithoutBlanksBehind(right)) return true;
   WordsOfText left_words(left);
   WordsOfText right_words(right);
   for (;;) {

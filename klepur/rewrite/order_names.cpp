@@ -110,13 +110,11 @@ class Thing {
 
   /// Adds a word, the same with quotes or without them.
   Thing& Name(std::string_view word, bool small = true) {
-    const bool quoted = word.size() >= 2 && word.front() == '"' && word.back() == '"';
-    if (quoted) word = word.substr(1, word.size() - 2);
-    for (std::size_t i = 0; i != word.size(); ++i) {
-      if (quoted && word[i] == '\\' && i + 1 != word.size()) ++i;
-      Mix(static_cast<unsigned char>(small ? ToSmallLetter(word[i]) : word[i]));
+    if (word.substr(0, 1) == "\"") {
+      MixWord(WithoutQuotes(word), small);
+    } else {
+      MixWord(word, small);
     }
-    Mix(kEnd);
     return *this;
   }
 
@@ -125,6 +123,12 @@ class Thing {
  private:
   static constexpr std::uint64_t kEnd = 0x100;
 
+  void MixWord(std::string_view word, bool small) {
+    for (const char byte : word) {
+      Mix(static_cast<unsigned char>(small ? ToSmallLetter(byte) : byte));
+    }
+    Mix(kEnd);
+  }
   void Mix(std::uint64_t value) { number_ = (number_ ^ value) * 0x100000001B3; }
 
   Sort sort_;

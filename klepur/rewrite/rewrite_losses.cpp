@@ -4,10 +4,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <mutex>
 #include <unordered_map>
 #include <utility>
 
 #include <klepur/document/document_state.h>
+#include <klepur/document/node_access.h>
 #include <klepur/document/structure_words.h>
 #include <klepur/rewrite/loss_reason.h>
 #include <klepur/rewrite/node_images.h>
@@ -280,12 +282,12 @@ class LossFinder {
 /// Finds the places of addresses, in a text that nobody edited. Those in ascending order need no search.
 class Places {
  public:
-  explicit Places(DocumentState& state) : state_(state) { state.positions.Update(state.text); }
+  explicit Places(const DocumentState& state) : state_(state) {}
 
   Position Of(NodeId id) {
     if (id == kNoNode) return {};
     const TextAddress at = state_.tree[id].begin;
-    if (at < at_) return state_.positions.Of(state_.text, state_.Begin(id));
+    if (at < at_) return Search(id);
     const std::string_view passed = state_.text.View({at_, at});
     if (const std::size_t last = passed.rfind('\n'); last != std::string_view::npos) {
       line_ += CountLineEnds(passed);
@@ -296,11 +298,31 @@ class Places {
   }
 
  private:
-  DocumentState& state_;
+  Position Search(NodeId id) const {
+    const std::lock_guard<std::mutex> lock(state_.lazy);
+    state_.positions.Update(state_.text);
+    return state_.positions.Of(state_.text, state_.Begin(id));
+  }
+
+  const DocumentState& state_;
   TextAddress at_ = 0;
   std::size_t line_ = 1;
   std::size_t line_begin_ = 0;
 };
+
+/// The losses of a text that nobody edited.
+std::vector<RewriteLoss> LossesOf(const DocumentState& before) {
+  Rewriting rewriting = Rewrite(before.text.View({0, before.text.BaseSize()}));
+  const DocumentState after{std::move(rewriting.text)};
+  const NodeImages images(before, after, rewriting);
+  Places places(before);
+  std::vector<RewriteLoss> losses;
+  for (const Loss& loss : LossFinder(images).Find()) {
+    losses.push_back({loss.reason, loss.severity, places.Of(loss.id),
+                      SentenceOf(before, loss.id, loss.reason), places.Of(loss.other)});
+  }
+  return losses;
+}
 
 }  // namespace
 }  // namespace internal
@@ -309,21 +331,12 @@ std::vector<RewriteLoss> FindRewriteLosses(std::string_view text) {
   if (text.size() > internal::kMostBytes) {
     throw Error(ErrorCode::kTooLarge, "the text reaches 4 GiB");
   }
-  internal::DocumentState before{internal::TextBuffer(text)};
-  internal::Rewriting rewriting = internal::Rewrite(before.text.View({0, before.text.BaseSize()}));
-  const internal::DocumentState after{std::move(rewriting.text)};
-  const internal::NodeImages images(before, after, rewriting);
-  std::vector<RewriteLoss> losses;
-  internal::Places places(before);
-  for (const internal::Loss& loss : internal::LossFinder(images).Find()) {
-    losses.push_back({loss.reason, loss.severity, places.Of(loss.id),
-                      internal::SentenceOf(before, loss.id, loss.reason), places.Of(loss.other)});
-  }
-  return losses;
+  return internal::LossesOf(internal::DocumentState{internal::TextBuffer(text)});
 }
 
 std::vector<RewriteLoss> FindRewriteLosses(const Document& document) {
-  return FindRewriteLosses(document.Text());
+  const internal::DocumentState& state = *NodeAccess::State(document.Root());
+  return state.edits == 0 ? internal::LossesOf(state) : FindRewriteLosses(document.Text());
 }
 
 }  // namespace klepur

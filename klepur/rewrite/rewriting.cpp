@@ -128,7 +128,7 @@ class PieceWriter {
   }
 
   void PutTabs(std::uint32_t count, std::size_t& at) {
-    if (memory_.size() != 0) std::memset(memory_.data() + at, '\t', count);
+    if (count != 0 && memory_.size() != 0) std::memset(memory_.data() + at, '\t', count);
     at += count;
   }
 

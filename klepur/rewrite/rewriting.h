@@ -42,7 +42,7 @@ struct Rewriting {
 /// The indentation is left out where it means nothing: it stands in no quoted text when quotes pair on each
 /// line. In deeply nested blocks it is longer than all the rest; beyond 16 times the text it is left out too.
 ///
-/// Those rules are applied in place, without tokens and without a tree, in a tenth of the time. That the
+/// Those rules are applied in place, without tokens and without a tree, in a fraction of the time. That the
 /// outcome is theirs is tested with random texts.
 ///
 /// Throws std::bad_alloc, and Error(kTooLarge) when what is written reaches 4 GiB, or the text together with

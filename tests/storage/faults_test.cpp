@@ -259,6 +259,7 @@ TEST_F(Hindered, SaveWhoseVerifierIsNotHeardLeavesTheOldFile) {
     static const std::vector<std::string> kNames = {"pipe2", "clone3", "wait4", "read"};
     if (std::find(kNames.begin(), kNames.end(), call.name) == kNames.end()) continue;
     if (std::find(seen.begin(), seen.end(), call.name) != seen.end()) continue;
+    if (kStep != 1 && call.name == "pipe2") continue;  // sanitizers make pipes of their own
     seen.push_back(call.name);
     EXPECT_EQ(Kill(call, save), "old") << Where(call);
     EXPECT_EQ(Fail(call, "EIO", save), call.name == "read" ? "new" : "old, file") << Where(call);
