@@ -44,7 +44,7 @@ class KLEPUR_EXPORT Checker {
   ~Checker();
 
   /// Does a piece of the check and says whether there is more to do. A piece is some thousand statements,
-  /// or one rule that looks at the file as a whole; the longest take about as long as reading the file.
+  /// or one rule that looks at the file as a whole; the longest take about a tenth of reading the file.
   /// When it throws std::bad_alloc the check begins anew with the next step.
   bool Step();
 

@@ -2,49 +2,56 @@
 #ifndef KLEPUR_CHECK_EQUAL_VALUES_H
 #define KLEPUR_CHECK_EQUAL_VALUES_H
 
-#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include <klepur/text/large_array.h>
+
 namespace klepur::internal {
 
+/// The numbers of those hashes that may be there more than once, ascending: all that are, and of the others one
+/// in some eight. It looks at two bits for each, which stay in the cache where a table would not.
+inline std::vector<std::uint32_t> MayBeTwice(const LargeArray<std::uint32_t>& hashes) {
+  const auto bits = static_cast<unsigned>(std::bit_width(hashes.size() | 32U) + 3);  // of a place
+  const auto shift = bits < 32 ? 32U - bits : 0U;
+  LargeArray<std::uint64_t> places;  // of 32 each: whether there once below, and twice above
+  const std::uint32_t words = std::uint32_t{1} << (27U - shift);
+  places.reserve(words);
+  while (places.size() != words) places.push_back(0);
+  const auto word = [&](std::uint32_t hash) -> std::uint64_t& {
+    return places[hash >> shift >> 5U];
+  };
+  const auto once = [&](std::uint32_t hash) { return std::uint64_t{1} << (hash >> shift & 31U); };
+  for (const std::uint32_t hash : hashes) {
+    std::uint64_t& place = word(hash);
+    place |= (place & once(hash)) << 32U | once(hash);
+  }
+  std::vector<std::uint32_t> numbers;
+  for (std::uint32_t i = 0; i != hashes.size(); ++i) {
+    if ((word(hashes[i]) & once(hashes[i]) << 32U) != 0) numbers.push_back(i);
+  }
+  return numbers;
+}
+
 /// Calls `use(earlier, later)` with the numbers of each value that equals an earlier one, and of the last of
-/// these, in the order of the values.
-///
-///     ForEachEqual(facts.hardware.size(), [&](auto i) { return std::hash<HardwareAddress>{}(facts.hardware[i].value); },
-///                  [&](auto i, auto j) { return facts.hardware[i].value == facts.hardware[j].value; }, use);
+/// these, in the order of the values. Given are their hashes, all bits of which must be good ones; `equal(i, j)`
+/// is asked where two are the same.
 ///
 /// Cost: linear.
-template <class Hash, class Equal, class Use>
-void ForEachEqual(std::uint32_t count, const Hash& hash, const Equal& equal, const Use& use) {
-  struct Slot {
-    std::uint32_t hash = 0;
-    std::uint32_t last = 0;  // the number of the last value of this kind and one; 0 for a free slot
-  };
-  std::size_t room = 16;
-  while (room < std::size_t{count} * 2) room *= 2;
-  std::vector<Slot> slots(room);
-  // Hashes of neighbours may be neighbours, and the low bits alike.
-  const auto mixed = [&](std::uint32_t i) {
-    return static_cast<std::uint32_t>((std::uint64_t{hash(i)} * 0x9E3779B97F4A7C15U) >> 32U);
-  };
-  constexpr std::uint32_t kAhead = 16;  // fetched from memory before they are looked at
-  std::uint32_t hashes[kAhead] = {};
-  for (std::uint32_t ahead = 0; ahead != std::min(kAhead, count); ++ahead)
-    hashes[ahead] = mixed(ahead);
-  for (std::uint32_t i = 0; i != count; ++i) {
-    const std::uint32_t high = hashes[i % kAhead];
-    if (count - i > kAhead) {
-      hashes[i % kAhead] = mixed(i + kAhead);
-      __builtin_prefetch(&slots[hashes[i % kAhead] & (room - 1)]);
+template <class Equal, class Use>
+void ForEachEqual(const LargeArray<std::uint32_t>& hashes, const Equal& equal, const Use& use) {
+  const std::vector<std::uint32_t> numbers = MayBeTwice(hashes);
+  constexpr std::uint32_t kFree = 0xFFFFFFFF;
+  std::vector<std::uint32_t> slots(std::bit_ceil(numbers.size() * 2 + 2), kFree);
+  for (const std::uint32_t i : numbers) {  // a slot holds the last value of a kind
+    std::size_t at = hashes[i] & (slots.size() - 1);
+    while (slots[at] != kFree && !(hashes[slots[at]] == hashes[i] && equal(slots[at], i))) {
+      at = (at + 1) & (slots.size() - 1);
     }
-    std::size_t at = high & (room - 1);
-    while (slots[at].last != 0 && !(slots[at].hash == high && equal(slots[at].last - 1, i))) {
-      at = (at + 1) & (room - 1);
-    }
-    if (slots[at].last != 0) use(slots[at].last - 1, i);
-    slots[at] = {high, i + 1};
+    if (slots[at] != kFree) use(slots[at], i);
+    slots[at] = i;
   }
 }
 

@@ -7,12 +7,12 @@
 #include <string_view>
 #include <vector>
 
+#include <klepur/check/address_key.h>
 #include <klepur/check/subnet_table.h>
 #include <klepur/document/document_state.h>
 #include <klepur/document/family.h>
 #include <klepur/language/words.h>
 #include <klepur/network/address.h>
-#include <klepur/network/hardware_address.h>
 #include <klepur/network/prefix.h>
 #include <klepur/network/prefix_range.h>
 #include <klepur/network/range.h>
@@ -20,14 +20,23 @@
 
 namespace klepur::internal {
 
-/// Where a host stands.
 struct HostFact {
   NodeId node;
-  NodeId subnet;          ///< The innermost subnet or subnet6 around it; kNoNode for none.
-  NodeId shared_network;  ///< The shared network around it; kNoNode for none.
+  std::uint32_t name_hash;
+  NodeId subnet;  ///< The innermost subnet or subnet6 around it; kNoNode for none.
+  /// Where it gets its addresses: the shared network, or else the subnet, that it stands in, or kRoot. Behind the
+  /// walk that of its first fixed address which is in any.
+  NodeId network;
   bool has_hardware = false;
   bool has_identifier = false;     ///< host-identifier, uid or option dhcp-client-identifier.
   bool has_fixed_address = false;  ///< fixed-address, fixed-address6 or fixed-prefix6.
+};
+
+/// A value that a statement of a host gives it, by its hash: the same for values that are equal.
+struct HashOfHost {
+  std::uint32_t hash;
+  NodeId statement;
+  std::uint32_t host;  ///< Its number in Facts::hosts.
 };
 
 /// A value that a statement of a host gives it, once for each element of a list.
@@ -37,6 +46,19 @@ struct OfHost {
   NodeId statement;
   std::uint32_t host;  ///< Its number in Facts::hosts.
 };
+
+/// A fixed address of a host, as OfHost; Facts::AddressOf and SubnetOf say which and where. There are many.
+struct FixedAddressFact {
+  static constexpr std::uint32_t kNoSubnet = 0x7FFFFFFF;
+
+  std::uint32_t
+      number;  ///< The address of IPv4 itself, or where that of IPv6 stands in Facts::addresses6.
+  NodeId statement;
+  std::uint32_t host;
+  std::uint32_t is_v6 : 1 = 0;
+  std::uint32_t subnet : 31 = kNoSubnet;  ///< Its number in Facts::subnets.
+};
+static_assert(sizeof(FixedAddressFact) == 16);
 
 template <class Value>
 struct OfSubnet {
@@ -53,8 +75,7 @@ struct NamedFact {
   std::string_view name;  ///< As written, quotes and all.
 };
 
-/// Where a host gets its addresses: the shared network, or else the subnet, of a fixed address of it, or that it
-/// stands in; kRoot when it has no place of its own.
+/// Another network where a host gets addresses.
 struct HomeFact {
   std::uint32_t host;
   NodeId network;
@@ -91,6 +112,14 @@ struct MisplacedFact {
 struct Facts {
   explicit Facts(const DocumentState& document) : state(document) {}
 
+  AddressKey AddressOf(const FixedAddressFact& address) const {
+    return address.is_v6 != 0 ? addresses6[address.number] : AddressKey::OfV4(address.number);
+  }
+  /// The innermost subnet around a fixed address; null when there is none.
+  const SubnetFact* SubnetOf(const FixedAddressFact& address) const {
+    return address.subnet == FixedAddressFact::kNoSubnet ? nullptr : &subnets[address.subnet];
+  }
+
   const DocumentState& state;
   Family family = Family::kUnknown;  ///< During the walk only what the caller said.
   bool seen4 = false;  ///< Whether a word told that it is a file of DHCPv4, of DHCPv6.
@@ -99,20 +128,20 @@ struct Facts {
       false;  ///< Whether the document may have findings of its own in what was walked over.
 
   LargeArray<HostFact> hosts;
-  LargeArray<OfHost<HardwareAddress>> hardware;
-  LargeArray<OfHost<klepur::Address>> fixed_addresses;
+  LargeArray<HashOfHost> hardware;
+  LargeArray<FixedAddressFact> fixed_addresses;
+  LargeArray<AddressKey> addresses6;  ///< Those of fixed addresses of IPv6.
   LargeArray<OfHost<Prefix>> fixed_prefixes;
   LargeArray<OfHost<std::string_view>> identifiers;  ///< The values as written.
-  LargeArray<OfHost<std::string_view>>
-      host_names;  ///< The values of "option host-name" as written.
+  LargeArray<HashOfHost>
+      host_names;  ///< Those of "option host-name", whatever the case of letters.
 
   LargeArray<SubnetFact> subnets;
   LargeArray<OfSubnet<AddressRange>> ranges;        ///< range, range6
   LargeArray<OfSubnet<PrefixRange>> prefix_ranges;  ///< prefix6
 
-  SubnetTable subnet_table;  ///< Made of the subnets behind the walk.
-  LargeArray<HomeFact>
-      homes;  ///< The same of the hosts, in their order; each host has at least one.
+  SubnetTable subnet_table;         ///< Made of the subnets behind the walk.
+  LargeArray<HomeFact> more_homes;  ///< By host; the first network of each is HostFact::network.
   LargeArray<NodeId> subnets_with_ranges;  ///< The subnet of each range, also of malformed ones.
   LargeArray<SettingFact> settings;
   LargeArray<RouterFact> routers;

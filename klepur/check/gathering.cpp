@@ -1,133 +1,55 @@
 #include <klepur/check/gathering.h>
 
+#include <klepur/check/host_names.h>
+#include <klepur/check/statement_value.h>
+#include <klepur/check/text_hash.h>
 #include <klepur/document/words_of_text.h>
 #include <klepur/language/word_index.h>
-#include <klepur/language/word_rows.h>
+#include <klepur/network/dotted.h>
+#include <klepur/network/hardware_address.h>
 #include <klepur/network/quoted_text.h>
 #include <klepur/network/value_address.h>
 #include <klepur/network/value_words.h>
 #include <klepur/text/letters.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <utility>
-#include <vector>
+#include <optional>
 
 namespace klepur::internal {
 namespace {
 
-constexpr std::pair<std::string_view, Scope> kBlockScopes[] = {
-    {"host", kInHost},
-    {"subnet", kInSubnet},
-    {"subnet6", kInSubnet},
-    {"pool", kInPool},
-    {"pool6", kInPool},
-    {"group", kInGroup},
-    {"shared-network", kInSharedNetwork},
-    {"class", kInClass},
-    {"subclass", kInSubclass},
-    {"vendor-class", kInSubclass},
-    {"user-class", kInSubclass},
-    {"if", kInIf},
-    {"elsif", kInIf},
-    {"else", kInIf},
-    {"switch", kInSwitch},
-    {"on", kInOn},
-    {"failover peer", kInFailoverPeer},
-    {"zone", kInZone},
-    {"key", kInKey},
-};
-
-/// kNowhere for blocks that can hold anything, as far as is known.
-Scope ScopeOf(const Word* word) {
-  if (word == nullptr) return kNowhere;
-  const auto* const found =
-      std::find_if(std::begin(kBlockScopes), std::end(kBlockScopes),
-                   [&](const auto& block) { return block.first == word->name; });
-  return found == std::end(kBlockScopes) ? kNowhere : found->second;
+/// What stands between the quotes of a value that is one text without backslashes, as most are.
+std::optional<std::string_view> PlainText(std::string_view value) {
+  value = WithoutLeadingBlanks(value);
+  if (value.size() < 2 || value.front() != '"') return std::nullopt;
+  std::size_t end = 1;
+  while (end != value.size() && value[end] != '"' && value[end] != '\\') ++end;
+  if (end + 1 != value.size() || value[end] != '"') return std::nullopt;
+  return value.substr(1, end - 1);
 }
 
-std::string_view Trimmed(std::string_view value) {
-  if (value.find('#') == std::string_view::npos) {
-    while (!value.empty() && IsValueBlank(value.front())) value.remove_prefix(1);
-    while (!value.empty() && IsValueBlank(value.back())) value.remove_suffix(1);
-    return value;
-  }
-  return UpToLastWord(WithoutLeadingBlanks(value));
-}
-
-/// What a word's statements are gathered as.
-enum class Role : std::uint8_t {
-  kNone,
-  kFixedAddress,
-  kFixedPrefix,
-  kHardware,
-  kHostName,
-  kIdentifier,
-  kInclude,
-  kOptionChange,  ///< "append NAME value" and the like.
-  kPrefixRange,
-  kRange,
-};
-
-// Up to this one they say something of the host that they stand in.
-constexpr Role kLastOfHosts = Role::kIdentifier;
-
-constexpr std::pair<std::string_view, Role> kRoles[] = {
-    {"fixed-address", Role::kFixedAddress},
-    {"fixed-address6", Role::kFixedAddress},
-    {"fixed-prefix6", Role::kFixedPrefix},
-    {"hardware", Role::kHardware},
-    {"host-identifier", Role::kIdentifier},
-    {"include", Role::kInclude},
-    {"option dhcp-client-identifier", Role::kIdentifier},
-    {"option host-name", Role::kHostName},
-    {"prefix6", Role::kPrefixRange},
-    {"range", Role::kRange},
-    {"range6", Role::kRange},
-    {"uid", Role::kIdentifier},
-};
-
-/// What is asked of every statement, worked out once for each word.
-struct WordTraits {
-  Role role = Role::kNone;
-  bool is_option = false;
-  bool has_expression = false;
-};
-
-std::vector<WordTraits> AllTraits() {
-  std::vector<WordTraits> all;
-  all.reserve(kWordCount);
-  for (const Word& word : Words()) {
-    WordTraits traits;
-    const auto* const found = std::find_if(std::begin(kRoles), std::end(kRoles),
-                                           [&](const auto& row) { return row.first == word.name; });
-    if (found != std::end(kRoles)) traits.role = found->second;
-    if (word.value == "OPTION value") traits.role = Role::kOptionChange;
-    traits.is_option = word.kind == WordKind::kOption;
-    traits.has_expression = word.kind == WordKind::kConditional ||
-                            word.value.find("expression") != std::string_view::npos ||
-                            word.name == "host-identifier";
-    all.push_back(traits);
-  }
-  return all;
-}
-
-const WordTraits& TraitsOf(const Word* word) {
-  static const std::vector<WordTraits> all = AllTraits();
-  return all[static_cast<std::size_t>(word - kWordRows)];
-}
-
+/// Those of the host that the statement stands in, as the others below. Each says whether the value is right for
+/// sure.
 bool AddFixedAddresses(const Item& item, Facts& facts) {
-  facts.hosts[item.around.host].has_fixed_address = true;
+  const std::uint32_t host = item.around.host;
+  facts.hosts[host].has_fixed_address = true;
+  const bool wants_v6 = item.word->name.back() == '6';
+  if (const auto only = ReadDotted(WithoutLeadingBlanks(item.value))) {
+    facts.fixed_addresses.push_back({*only, item.id, host});
+    return !wants_v6;
+  }
   ValueWords words(item.value);
   bool one = false;
   while (!words.AtEnd()) {
     const std::string_view word = words.Next()->text;
-    if (const auto address = klepur::Address::ParseLenient(word)) {
-      facts.fixed_addresses.push_back({*address, item.id, item.around.host});
-      one = words.AtEnd() && address->IsV6() == (item.word->name.back() == '6');
+    if (const auto dotted = ReadDotted(word)) {
+      facts.fixed_addresses.push_back({*dotted, item.id, host});
+      one = words.AtEnd() && !wants_v6;
+    } else if (const auto address = klepur::Address::ParseLenient(word)) {
+      facts.fixed_addresses.push_back({facts.addresses6.size(), item.id, host, 1});
+      facts.addresses6.push_back(*address);
+      one = words.AtEnd() && wants_v6;
     }
   }
   return one && facts.fixed_addresses.back().statement == item.id &&
@@ -139,8 +61,17 @@ bool AddHardware(const Item& item, Facts& facts) {
   facts.hosts[item.around.host].has_hardware = true;
   const auto address = HardwareAddress::Parse(item.value);
   if (!address) return false;
-  facts.hardware.push_back({*address, item.id, item.around.host});
+  const std::uint32_t hash = HashOfBytes(address->Bytes(), address->ByteCount(), address->Type());
+  facts.hardware.push_back({hash, item.id, item.around.host});
   return address->Type() == HardwareAddress::kEthernet && address->ByteCount() == 6;
+}
+
+bool AddHostName(const Item& item, Facts& facts) {
+  const auto plain = PlainText(item.value);
+  const std::string_view name = plain ? std::string_view() : Trimmed(item.value);
+  const std::uint32_t hash = plain ? HashButForCase(*plain) : HashButForCase(SpelledHostName(name));
+  facts.host_names.push_back({hash, item.id, item.around.host});
+  return plain || (!name.empty() && name.front() == '"' && QuotedLength(name) == name.size());
 }
 
 bool GatherOfHost(const Item& item, Role role, Facts& facts) {
@@ -156,11 +87,8 @@ bool GatherOfHost(const Item& item, Role role, Facts& facts) {
         facts.fixed_prefixes.push_back({*prefix, item.id, host});
       }
       return false;
-    case Role::kHostName: {
-      const std::string_view name = Trimmed(item.value);
-      facts.host_names.push_back({name, item.id, host});
-      return !name.empty() && name.front() == '"' && QuotedLength(name) == name.size();
-    }
+    case Role::kHostName:
+      return AddHostName(item, facts);
     case Role::kIdentifier:
       facts.hosts[host].has_identifier = true;
       facts.identifiers.push_back({Trimmed(item.value), item.id, host});
@@ -207,11 +135,17 @@ void GatherExpression(const Item& item, Facts& facts) {
 
 bool HasExpression(const Item& item) {
   if (item.word == nullptr) return item.value.find('(') != std::string_view::npos;
-  if (TraitsOf(item.word).has_expression) return true;
+  if (item.traits.has_expression) return true;
   const std::size_t begin = item.value.find_first_not_of(' ');
   if (begin == std::string_view::npos || IsWordByte(item.value[begin])) return false;
   const std::string_view value = WithoutLeadingBlanks(item.value);
   return !value.empty() && value.front() == '=';
+}
+
+/// Where a host gets its addresses by where it stands.
+NodeId NetworkOf(const Frame& frame) {
+  if (frame.shared_network != kNoNode) return frame.shared_network;
+  return frame.subnet != kNoNode ? frame.subnet : kRoot;
 }
 
 /// "option NAME code ..." and "option space NAME", and the options that are set.
@@ -233,7 +167,7 @@ void GatherOption(const Item& item, Facts& facts) {
 
 bool GatherStatement(const Item& item, Facts& facts) {
   if (HasExpression(item)) GatherExpression(item, facts);
-  const WordTraits traits = item.word == nullptr ? WordTraits() : TraitsOf(item.word);
+  const WordTraits& traits = item.traits;
   if (!traits.is_option && EqualButForCase(item.first, "option")) GatherOption(item, facts);
   if (traits.role == Role::kNone) return false;
   const bool of_host = item.around.scope == kInHost && traits.role <= kLastOfHosts;
@@ -261,11 +195,12 @@ Frame GatherBlock(const Item& item, Facts& facts) {
   if (HasExpression(item)) GatherExpression(item, facts);
   Frame frame = item.around;
   frame.id = item.id;
-  frame.scope = ScopeOf(item.word);
+  frame.scope = item.traits.inside;
   switch (frame.scope) {
     case kInHost:
       frame.host = facts.hosts.size();
-      facts.hosts.push_back({item.id, frame.subnet, frame.shared_network});
+      facts.hosts.push_back(
+          {item.id, HashOf(NameOfHost(item.value)), frame.subnet, NetworkOf(frame)});
       break;
     case kInSubnet:
       frame.subnet = item.id;

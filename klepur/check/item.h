@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include <klepur/check/word_traits.h>
 #include <klepur/document/syntax_node.h>
 #include <klepur/language/words.h>
 
@@ -33,6 +34,7 @@ struct Item {
   std::string_view
       value;  ///< What follows the keyword, without the ";", blanks and comments around it kept.
   const Word* word;  ///< What the keyword is; null when it is unknown.
+  const WordTraits& traits;
   const Frame& around;
 };
 

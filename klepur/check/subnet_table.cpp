@@ -20,14 +20,16 @@ bool IsSame(const Prefix& left, const Prefix& right) {
 void SubnetTable::Make(const LargeArray<SubnetFact>& subnets) {
   rows_.reserve(subnets.size());
   for (const SubnetFact& subnet : subnets) {
-    rows_.push_back({&subnet, kNone});
+    rows_.push_back({&subnet, subnet.prefix.Last(), kNone});
     in_network_[subnet.Network()].push_back(&subnet);
   }
   std::stable_sort(rows_.begin(), rows_.end(), [](const Row& left, const Row& right) {
     return StandsBefore(*left.subnet, *right.subnet);
   });
+  firsts_.reserve(rows_.size());
   for (std::size_t i = 0; i != rows_.size(); ++i) {
     row_of_[rows_[i].subnet->node] = i;
+    firsts_.push_back(rows_[i].subnet->prefix.First());
     if (i == 0) continue;
     const Prefix& prefix = rows_[i].subnet->prefix;
     // Of the same subnets all but the first lie in the first, so that no way up is long.
@@ -43,14 +45,9 @@ void SubnetTable::Make(const LargeArray<SubnetFact>& subnets) {
   }
 }
 
-const SubnetFact* SubnetTable::Around(const klepur::Address& address) const {
-  const auto behind = std::upper_bound(rows_.begin(), rows_.end(), address,
-                                       [](const klepur::Address& wanted, const Row& row) {
-                                         return wanted < row.subnet->prefix.First();
-                                       });
-  std::size_t row =
-      behind == rows_.begin() ? kNone : static_cast<std::size_t>(behind - rows_.begin()) - 1;
-  while (row != kNone && !rows_[row].subnet->prefix.Contains(address)) row = rows_[row].around;
+const SubnetFact* SubnetTable::Around(const AddressKey& address) const {
+  std::size_t row = firsts_.UpTo(address) - 1;  // kNone when there is none
+  while (row != kNone && rows_[row].last < address) row = rows_[row].around;
   return row == kNone ? nullptr : rows_[row].subnet;
 }
 

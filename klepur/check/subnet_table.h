@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include <klepur/check/sorted_addresses.h>
 #include <klepur/document/syntax_node.h>
-#include <klepur/network/address.h>
 #include <klepur/network/prefix.h>
 #include <klepur/text/large_array.h>
 
@@ -29,7 +29,7 @@ class SubnetTable {
   void Make(const LargeArray<SubnetFact>& subnets);
 
   /// The innermost subnet around an address; null when there is none.
-  const SubnetFact* Around(const klepur::Address& address) const;
+  const SubnetFact* Around(const AddressKey& address) const;
   /// The smallest of the subnets that a subnet lies in; of several with the same addresses the later ones lie
   /// in the first. Null when there is none.
   const SubnetFact* Around(const SubnetFact& subnet) const;
@@ -42,10 +42,12 @@ class SubnetTable {
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
   struct Row {
     const SubnetFact* subnet;
+    AddressKey last;
     std::size_t around;  ///< The row of the smallest one that it lies in.
   };
 
   std::vector<Row> rows_;  // by first address, those that contain others before these
+  SortedAddresses firsts_;
   std::unordered_map<NodeId, std::size_t> row_of_;
   std::unordered_map<NodeId, std::vector<const SubnetFact*>> in_network_;
 };

@@ -3,6 +3,7 @@
 #include <klepur/check/allowances.h>
 #include <klepur/check/gathering.h>
 #include <klepur/check/meaning_gathering.h>
+#include <klepur/check/statement_value.h>
 #include <klepur/check/value_types.h>
 #include <klepur/document/structure_words.h>
 #include <klepur/document/words_of_text.h>
@@ -11,14 +12,6 @@
 
 namespace klepur::internal {
 namespace {
-
-bool TellsDhcp6(const Word& word) {
-  return word.scopes4 == kNowhere && word.scopes6 != kNowhere;
-}
-
-bool TellsDhcp4(std::string_view name) {
-  return name == "subnet" || name == "range" || name == "pool";
-}
 
 /// Whether a "{" and a body follow the word of a block or statement that has none, or the other way round.
 bool IsBroken(const Item& item, const StructureWord& word) {
@@ -49,11 +42,6 @@ void SkipRestOfKeyword(WordsOfText& words, std::string_view second, std::string_
     return;
   }
   for (; at != std::string_view::npos; at = name.find(' ', at + 1)) words.Next();
-}
-
-std::string_view WithoutSemicolon(std::string_view text) {
-  if (!text.empty() && text.back() == ';') text.remove_suffix(1);
-  return text;
 }
 
 }  // namespace
@@ -150,7 +138,8 @@ void Walk::VisitNode(NodeId id, const SyntaxNode& node) {
     word = AmongTwins(word, scope);
   const bool unfinished =
       node.unfinished != 0 && (node.kind == NodeKind::kBlock || text.back() != ';');
-  const Item item = {id, node.kind, unfinished, text, first, second, value, word, frames_.back()};
+  const Item item = {id,     node.kind, unfinished, text,           first,
+                     second, value,     word,       TraitsOf(word), frames_.back()};
   const bool broken = IsBroken(item, *found.structure);
   if (found.structure->begins == Begins::kBranch) facts_.seems_malformed = true;
   Look(item, broken);
@@ -175,8 +164,8 @@ void Walk::Look(const Item& item, bool broken) {
   }
   if (broken) Show(Shown::kBroken, item);
   if (item.word == nullptr) return Show(Shown::kUnknownWords, item);
-  facts_.seen6 = facts_.seen6 || TellsDhcp6(*item.word);
-  facts_.seen4 = facts_.seen4 || TellsDhcp4(item.word->name);
+  facts_.seen6 = facts_.seen6 || item.traits.tells6;
+  facts_.seen4 = facts_.seen4 || item.traits.tells4;
   if (!item.unfinished) NotePlace(item);
 }
 

@@ -5,8 +5,11 @@
 #include <klepur/document/structure_words.h>
 #include <klepur/language/word_index.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace klepur::internal {
@@ -23,7 +26,7 @@ class WordMemo {
 
   const First& Find(std::string_view word) {
     First& entry = first_[PlaceOf(word)];
-    if (entry.text != word || entry.structure == nullptr) {
+    if (!IsSame(entry.text, word) || entry.structure == nullptr) {
       entry = {word, FindFirstWord(word), &WordOf(NumberOf(word))};
     }
     return entry;
@@ -31,7 +34,7 @@ class WordMemo {
 
   const Word* Find(std::string_view first, std::string_view second) {
     Two& entry = two_[PlaceOf(second)];
-    if (entry.second != second || entry.first != first) {
+    if (!IsSame(entry.second, second) || !IsSame(entry.first, first)) {
       entry = {first, second, FindTwoWords(first, second)};
     }
     return entry.word;
@@ -44,6 +47,28 @@ class WordMemo {
     const Word* word = nullptr;
   };
   static constexpr std::size_t kPlaces = 64;
+
+  /// Whether two words have the same bytes. They are short: a call to compare them costs more.
+  static bool IsSame(std::string_view left, std::string_view right) {
+    if (left.size() != right.size()) return false;
+    if (left.size() >= sizeof(std::uint64_t)) return IsSameBy<std::uint64_t>(left, right);
+    if (left.size() >= sizeof(std::uint32_t)) return IsSameBy<std::uint32_t>(left, right);
+    return left.empty() || IsSameBy<std::uint8_t>(left, right);
+  }
+
+  /// Of words of this size at least; the last step may overlap the one before.
+  template <class Bytes>
+  static bool IsSameBy(std::string_view left, std::string_view right) {
+    const std::size_t last = left.size() - sizeof(Bytes);
+    for (std::size_t at = 0;; at = std::min(at + sizeof(Bytes), last)) {
+      Bytes a = 0;
+      Bytes b = 0;
+      std::memcpy(&a, left.data() + at, sizeof a);
+      std::memcpy(&b, right.data() + at, sizeof b);
+      if (a != b) return false;
+      if (at == last) return true;
+    }
+  }
 
   static std::size_t PlaceOf(std::string_view word) {
     if (word.empty()) return 0;

@@ -1,9 +1,6 @@
 #include <klepur/document/words_of_text.h>
 
-#include <array>
 #include <cstddef>
-
-#include <klepur/text/letters.h>
 
 namespace klepur::internal {
 namespace {
@@ -12,17 +9,9 @@ bool IsGap(char byte) {
   return byte == ' ' || (byte >= '\t' && byte <= '\r') || byte == '\0';
 }
 
-constexpr std::array<bool, 256> kJoins = ByteTable([](char byte) {
-  return IsWordByte(byte) || byte == '.' || byte == ':' || byte == '/' || (byte & 0x80) != 0;
-});
-
-bool Joins(char byte) {
-  return kJoins[static_cast<unsigned char>(byte)];
-}
-
 }  // namespace
 
-std::string_view WordsOfText::Next() {
+std::string_view WordsOfText::NextOfAnyKind() {
   const std::size_t begin = BehindBlanks(at_);
   at_ = begin == text_.size() ? at_ : BehindWord(begin);
   return begin == text_.size() ? std::string_view() : text_.substr(begin, at_ - begin);
@@ -47,8 +36,8 @@ std::size_t WordsOfText::BehindWord(std::size_t at) {
     if (end != std::string_view::npos) return end;
     quotes_pair_ = false;
   }
-  if (!Joins(text_[at])) return at + 1;
-  while (at < text_.size() && Joins(text_[at])) ++at;
+  if (!JoinsWord(text_[at])) return at + 1;
+  while (at < text_.size() && JoinsWord(text_[at])) ++at;
   return at;
 }
 

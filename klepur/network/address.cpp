@@ -1,5 +1,6 @@
 #include <klepur/network/address.h>
 
+#include <klepur/network/dotted.h>
 #include <klepur/network/hash_bytes.h>
 
 #include <arpa/inet.h>
@@ -10,10 +11,6 @@ namespace klepur {
 namespace {
 
 constexpr std::size_t kTextSize = INET6_ADDRSTRLEN;  // with the zero byte at the end
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 /// A text that ends in a zero byte, as inet_pton wants it. What does not fit is no address.
 class AddressText {
@@ -44,22 +41,6 @@ bool HasColon(std::string_view text) {
   return text.find(':') != std::string_view::npos;
 }
 
-/// Four numbers up to 255 with dots between, whatever zeros stand in front of them.
-bool ReadDotted(std::string_view text, unsigned char* bytes) {
-  std::size_t at = 0;
-  for (std::size_t part = 0; part != 4; ++part) {
-    if (part != 0 && (at == text.size() || text[at++] != '.')) return false;
-    const std::size_t begin = at;
-    unsigned number = 0;
-    for (; at != text.size() && IsDigit(text[at]) && number <= 255; ++at) {
-      number = number * 10 + static_cast<unsigned>(text[at] - '0');
-    }
-    if (at == begin || number > 255) return false;
-    bytes[part] = static_cast<unsigned char>(number);
-  }
-  return at == text.size();
-}
-
 }  // namespace
 
 std::optional<Address> Address::Parse(std::string_view text) noexcept {
@@ -71,8 +52,12 @@ std::optional<Address> Address::Parse(std::string_view text) noexcept {
 }
 
 std::optional<Address> Address::ParseLenient(std::string_view text) noexcept {
-  unsigned char bytes[4];
-  if (ReadDotted(text, bytes)) return FromV4Bytes(bytes);
+  if (const auto number = internal::ReadDotted(text)) {
+    unsigned char bytes[4];
+    for (unsigned i = 0; i != 4; ++i)
+      bytes[i] = static_cast<unsigned char>(*number >> (24 - 8 * i));
+    return FromV4Bytes(bytes);
+  }
   return HasColon(text) ? Parse(text) : std::nullopt;
 }
 

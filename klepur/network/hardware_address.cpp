@@ -21,7 +21,13 @@ constexpr struct {
     {HardwareAddress::kInfiniband, "infiniband"},
 };
 
+constexpr std::string_view kUsual = "ethernet ";     // what nearly all begin with
 constexpr std::string_view kOtherType = "unknown-";  // in lower case only, unlike the names
+
+bool IsUsual(std::string_view value) {
+  return value.size() >= kUsual.size() &&
+         std::memcmp(value.data(), kUsual.data(), kUsual.size()) == 0;
+}
 
 std::optional<unsigned char> TypeOf(std::string_view name) {
   for (const auto& type : kTypes) {
@@ -35,12 +41,20 @@ std::optional<unsigned char> TypeOf(std::string_view name) {
 }  // namespace
 
 std::optional<HardwareAddress> HardwareAddress::Parse(std::string_view value) noexcept {
-  internal::ValueWords words(value);
-  const std::optional<std::string_view> name = words.NextPlain();
-  const std::optional<unsigned char> type = name ? TypeOf(*name) : std::nullopt;
+  std::string_view numbers = internal::WithoutLeadingBlanks(value);
+  std::optional<unsigned char> type;
+  if (IsUsual(numbers)) {
+    numbers.remove_prefix(kUsual.size());
+    type = kEthernet;
+  } else {
+    internal::ValueWords words(numbers);
+    const std::optional<std::string_view> name = words.NextPlain();
+    if (name) type = TypeOf(*name);
+    numbers = words.Rest();
+  }
   if (!type) return std::nullopt;
   unsigned char bytes[kMostBytes] = {};
-  const auto count = internal::ReadHexList(words.Rest(), {bytes, sizeof bytes});
+  const auto count = internal::ReadHexList(numbers, {bytes, sizeof bytes});
   return count ? FromBytes(*type, bytes, *count) : std::nullopt;
 }
 

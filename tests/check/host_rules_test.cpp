@@ -43,6 +43,22 @@ TEST(DuplicateHardwareAddress, CountsInOneNetwork) {
   ExpectFoundIn(hosts("", "fixed-address 10.0.1.5; "), "");
 }
 
+TEST(DuplicateHardwareAddress, IsToldOfHostsInEachOtherToo) {
+  ExpectFoundIn(
+      "host a {\n"
+      "  host b { hardware ethernet 0:0:0:0:0:1; }\n"
+      "  hardware ethernet 0:0:0:0:0:1;\n"
+      "  host c { hardware ethernet 0:0:0:0:0:2; }\n"
+      "  uid 1:2;\n"
+      "}\n"
+      "host d { hardware ethernet 0:0:0:0:0:2; uid 1:2; }\n",
+      "2:3 misplaced-statement\n"
+      "3:3 duplicate-hardware-address <- 2\n"
+      "4:3 misplaced-statement\n"
+      "7:10 duplicate-hardware-address <- 4\n"
+      "7:41 duplicate-identifier <- 5\n");
+}
+
 TEST(DuplicateHardwareAddress, CountsInTheNetworkAround) {
   const CheckCase cases[] = {
       {"subnet 10.0.1.0 netmask 255.255.255.0 {\n  host a { hardware ethernet 0:0:0:0:0:1; }\n}\n"

@@ -5,11 +5,15 @@
 namespace klepur::internal {
 
 void DuplicateFixedAddress(const Facts& facts, Report& report) {
-  ForEachDuplicate(facts, facts.fixed_addresses, [&](const auto& here, const auto& before) {
-    report.Add({.node = here.statement,
-                .message = "the address " + here.value.Text() + " is that of another host",
-                .other = before.statement});
-  });
+  const auto address = [&](const FixedAddressFact& of) { return facts.AddressOf(of); };
+  ForEachDuplicate(
+      facts, facts.fixed_addresses, [&](const auto& one) { return address(one).Hash(); },
+      [&](const auto& one, const auto& other) { return address(one) == address(other); },
+      [&](const auto& here, const auto& before) {
+        report.Add({.node = here.statement,
+                    .message = "the address " + address(here).Text() + " is that of another host",
+                    .other = before.statement});
+      });
 }
 
 }  // namespace klepur::internal

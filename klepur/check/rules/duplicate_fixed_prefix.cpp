@@ -6,9 +6,10 @@ namespace klepur::internal {
 
 void DuplicateFixedPrefix(const Facts& facts, Report& report) {
   const auto& all = facts.fixed_prefixes;
+  LargeArray<std::uint32_t> hashes;
+  for (const auto& one : all) hashes.push_back(static_cast<std::uint32_t>(one.value.Hash()));
   ForEachEqual(
-      all.size(), [&](std::uint32_t i) { return static_cast<std::uint32_t>(all[i].value.Hash()); },
-      [&](std::uint32_t i, std::uint32_t j) { return all[i].value == all[j].value; },
+      hashes, [&](std::uint32_t i, std::uint32_t j) { return all[i].value == all[j].value; },
       [&](std::uint32_t earlier, std::uint32_t later) {
         if (all[earlier].host == all[later].host) return;
         report.Add({.node = all[later].statement,

@@ -1,41 +1,35 @@
 // Two host blocks of one name, in whatever groups they stand: the server refuses the second.
 #include <klepur/check/equal_values.h>
+#include <klepur/check/host_names.h>
 #include <klepur/check/rules/rules.h>
 
 #include <klepur/document/words_of_text.h>
 
-#include <functional>
 #include <string>
-#include <vector>
 
 namespace klepur::internal {
 namespace {
 
-/// What stands behind the keyword of a header.
-std::string_view NameOf(std::string_view header) {
-  WordsOfText words(header);
+/// What stands behind the keyword of its header.
+std::string_view NameOf(const HostFact& host, const DocumentState& state) {
+  WordsOfText words(state.OwnText(host.node));
   words.Next();
-  const std::string_view first = words.Next();
-  if (first.empty()) return {};
-  return UpToLastWord(header.substr(static_cast<std::size_t>(first.data() - header.data())));
+  return NameOfHost(words.Rest());
 }
 
 }  // namespace
 
 void DuplicateHost(const Facts& facts, Report& report) {
-  std::vector<std::string_view> names;
-  names.reserve(facts.hosts.size());
-  for (const HostFact& host : facts.hosts) names.push_back(NameOf(facts.state.OwnText(host.node)));
+  const auto name = [&](std::uint32_t i) { return NameOf(facts.hosts[i], facts.state); };
+  LargeArray<std::uint32_t> hashes;
+  hashes.reserve(facts.hosts.size());
+  for (const HostFact& host : facts.hosts) hashes.push_back(host.name_hash);
   ForEachEqual(
-      facts.hosts.size(),
-      [&](std::uint32_t i) {
-        return static_cast<std::uint32_t>(std::hash<std::string_view>{}(names[i]));
-      },
-      [&](std::uint32_t i, std::uint32_t j) { return names[i] == names[j]; },
+      hashes, [&](std::uint32_t i, std::uint32_t j) { return name(i) == name(j); },
       [&](std::uint32_t earlier, std::uint32_t later) {
-        if (names[later].empty()) return;
+        if (name(later).empty()) return;
         report.Add({.node = facts.hosts[later].node,
-                    .message = "there is another host \"" + std::string(names[later]) + "\"",
+                    .message = "there is another host \"" + std::string(name(later)) + "\"",
                     .other = facts.hosts[earlier].node});
       });
 }

@@ -2,28 +2,23 @@
 #include <klepur/check/rules/duplicates.h>
 #include <klepur/check/rules/rules.h>
 
-#include <klepur/document/document.h>
-#include <klepur/document/node_text.h>
-#include <klepur/text/letters.h>
-
-#include <algorithm>
-#include <string>
+#include <klepur/check/host_names.h>
+#include <klepur/check/statement_value.h>
 
 namespace klepur::internal {
 
 void DuplicateHostName(const Facts& facts, Report& report) {
-  std::vector<OfHost<std::string>> names;
-  names.reserve(facts.host_names.size());
-  for (const auto& name : facts.host_names) {
-    std::string spelled = WithoutQuotes(name.value);
-    std::transform(spelled.begin(), spelled.end(), spelled.begin(), ToSmallLetter);
-    names.push_back({std::move(spelled), name.statement, name.host});
-  }
-  ForEachDuplicate(facts, names, [&](const auto& here, const auto& before) {
-    report.Add({.node = here.statement,
-                .message = "the host name \"" + here.value + "\" is that of another host",
-                .other = before.statement});
-  });
+  const auto name = [&](const HashOfHost& of) {
+    return SpelledHostName(Trimmed(ValueBehind(2, facts.state.OwnText(of.statement))));
+  };
+  ForEachDuplicate(
+      facts, facts.host_names, [](const auto& one) { return one.hash; },
+      [&](const auto& one, const auto& other) { return name(one) == name(other); },
+      [&](const auto& here, const auto& before) {
+        report.Add({.node = here.statement,
+                    .message = "the host name \"" + name(here) + "\" is that of another host",
+                    .other = before.statement});
+      });
 }
 
 }  // namespace klepur::internal

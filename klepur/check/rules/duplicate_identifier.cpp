@@ -2,6 +2,7 @@
 #include <klepur/check/rules/duplicates.h>
 #include <klepur/check/rules/rules.h>
 
+#include <klepur/check/text_hash.h>
 #include <klepur/document/node_text.h>
 #include <klepur/network/identifier.h>
 
@@ -19,16 +20,14 @@ std::string Spelled(std::string_view value) {
 }  // namespace
 
 void DuplicateIdentifier(const Facts& facts, Report& report) {
-  std::vector<OfHost<std::string>> identifiers;
-  identifiers.reserve(facts.identifiers.size());
-  for (const auto& identifier : facts.identifiers) {
-    identifiers.push_back({Spelled(identifier.value), identifier.statement, identifier.host});
-  }
-  ForEachDuplicate(facts, identifiers, [&](const auto& here, const auto& before) {
-    report.Add({.node = here.statement,
-                .message = "the identifier " + here.value + " is that of another host",
-                .other = before.statement});
-  });
+  ForEachDuplicate(
+      facts, facts.identifiers, [](const auto& one) { return HashOf(Spelled(one.value)); },
+      [](const auto& one, const auto& other) { return Spelled(one.value) == Spelled(other.value); },
+      [&](const auto& here, const auto& before) {
+        report.Add({.node = here.statement,
+                    .message = "the identifier " + Spelled(here.value) + " is that of another host",
+                    .other = before.statement});
+      });
 }
 
 }  // namespace klepur::internal

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <type_traits>
 #include <vector>
 
 #include <klepur/check/equal_values.h>
@@ -13,47 +12,54 @@
 
 namespace klepur::internal {
 
+/// The first of the networks of a host that are not HostFact::network.
+inline const HomeFact* MoreHomesOf(std::uint32_t host, const Facts& facts) {
+  return std::lower_bound(
+      facts.more_homes.begin(), facts.more_homes.end(), host,
+      [](const HomeFact& home, std::uint32_t wanted) { return home.host < wanted; });
+}
+
 /// Calls `tell` with each value that an earlier host of the same network has, and the one of that host; once
-/// for a statement. `values` are in the order of the text. Cost: linear.
-template <class Values, class Tell>
-void ForEachDuplicate(const Facts& facts, const Values& values, const Tell& tell) {
-  using OfSome = std::decay_t<decltype(*values.begin())>;
+/// for a statement. `values` are in the order of the text; `hash` and `equal` are asked of them, and `equal`
+/// only where the hashes are the same. Cost: linear.
+template <class Values, class Hash, class Equal, class Tell>
+void ForEachDuplicate(const Facts& facts, const Values& values, const Hash& hash,
+                      const Equal& equal, const Tell& tell) {
   struct AtHome {
-    const OfSome* of;
+    std::uint32_t value;
     NodeId network;  ///< One where its host gets addresses.
   };
-  std::vector<AtHome> all;
+  LargeArray<AtHome> all;
+  LargeArray<std::uint32_t> hashes;
   all.reserve(values.size());
-  std::uint32_t home = 0;
-  for (const OfSome& value : values) {
-    if (facts.homes[home].host > value.host) {  // back in a host that has others in it
-      home = static_cast<std::uint32_t>(
-          std::lower_bound(
-              facts.homes.begin(), facts.homes.begin() + home, value.host,
-              [](const HomeFact& one, std::uint32_t host) { return one.host < host; }) -
-          facts.homes.begin());
-    }
-    while (facts.homes[home].host != value.host) ++home;
-    for (std::uint32_t at = home; at != facts.homes.size() && facts.homes[at].host == value.host;
-         ++at) {
-      all.push_back({&value, facts.homes[at].network});
+  hashes.reserve(values.size());
+  for (std::uint32_t i = 0; i != values.size(); ++i) {
+    const std::uint32_t host = values[i].host;
+    const std::uint32_t value_hash = hash(values[i]);
+    const auto add = [&](NodeId network) {
+      all.push_back({i, network});
+      hashes.push_back(value_hash ^ (network * 0x9E3779B1U));
+    };
+    add(facts.hosts[host].network);
+    if (facts.more_homes.empty()) continue;
+    for (const HomeFact* more = MoreHomesOf(host, facts);
+         more != facts.more_homes.end() && more->host == host; ++more) {
+      add(more->network);
     }
   }
-  using Value = decltype(OfSome::value);
   NodeId told = kNoNode;
   ForEachEqual(
-      static_cast<std::uint32_t>(all.size()),
-      [&](std::uint32_t i) {
-        return static_cast<std::uint32_t>(std::hash<Value>{}(all[i].of->value)) ^ all[i].network;
-      },
+      hashes,
       [&](std::uint32_t i, std::uint32_t j) {
-        return all[i].of->value == all[j].of->value && all[i].network == all[j].network;
+        return all[i].network == all[j].network &&
+               equal(values[all[i].value], values[all[j].value]);
       },
       [&](std::uint32_t earlier, std::uint32_t later) {
-        const OfSome& here = *all[later].of;
-        if (all[earlier].of->host == here.host || here.statement == told) return;
+        const auto& before = values[all[earlier].value];
+        const auto& here = values[all[later].value];
+        if (before.host == here.host || here.statement == told) return;
         told = here.statement;
-        tell(here, *all[earlier].of);
+        tell(here, before);
       });
 }
 

@@ -7,11 +7,11 @@ namespace klepur::internal {
 void FixedAddressInRange(const Facts& facts, Report& report) {
   const RangeTable ranges(RowsOf(facts.ranges));
   for (const auto& address : facts.fixed_addresses) {
-    const RangeRow* const range = ranges.Around(address.value);
+    const RangeRow* const range = ranges.Around(facts.AddressOf(address));
     if (range == nullptr) continue;
     report.Add({.node = address.statement,
-                .message = "the address " + address.value.Text() + " is also given out by range " +
-                           range->range.Text(),
+                .message = "the address " + facts.AddressOf(address).Text() +
+                           " is also given out by range " + range->range.Text(),
                 .other = range->statement});
   }
 }

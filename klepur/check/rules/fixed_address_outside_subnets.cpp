@@ -7,9 +7,9 @@ void FixedAddressOutsideSubnets(const Facts& facts, Report& report) {
   // Included files and the file that includes this one can have subnets too.
   if (facts.subnets.empty() || !facts.includes.empty()) return;
   for (const auto& address : facts.fixed_addresses) {
-    if (facts.subnet_table.Around(address.value) != nullptr) continue;
+    if (facts.SubnetOf(address) != nullptr) continue;
     report.Add({.node = address.statement,
-                .message = "the address " + address.value.Text() + " is in no subnet"});
+                .message = "the address " + facts.AddressOf(address).Text() + " is in no subnet"});
   }
 }
 

@@ -29,13 +29,21 @@ void NetworkAddressHandedOut(const Facts& facts, Report& report) {
     ReportIf(range.value.Contains(broadcast), "broadcast", broadcast, range.statement, *subnet,
              report);
   }
+  const SubnetFact* subnet = nullptr;
+  AddressKey network = AddressKey::OfV4(0);
+  AddressKey broadcast = network;
   for (const auto& address : facts.fixed_addresses) {
-    const SubnetFact* const subnet = facts.subnet_table.Around(address.value);
+    if (const SubnetFact* const around = facts.SubnetOf(address); around != subnet) {
+      subnet = around;
+      if (!HasBroadcast(subnet)) continue;
+      network = subnet->prefix.First();
+      broadcast = subnet->prefix.Last();
+    }
+    const AddressKey value = facts.AddressOf(address);
+    if (value != network && value != broadcast) continue;
     if (!HasBroadcast(subnet)) continue;
-    ReportIf(address.value == subnet->prefix.First(), "network", address.value, address.statement,
-             *subnet, report);
-    ReportIf(address.value == subnet->prefix.Last(), "broadcast", address.value, address.statement,
-             *subnet, report);
+    const char* const what = value == network ? "network" : "broadcast";
+    ReportIf(true, what, value.ToAddress(), address.statement, *subnet, report);
   }
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include <klepur/check/facts.h>
-#include <klepur/network/address.h>
+#include <klepur/check/sorted_addresses.h>
 #include <klepur/network/range.h>
 
 namespace klepur::internal {
@@ -52,26 +52,30 @@ class RangeTable {
       return left.range.First() < right.range.First();
     });
     furthest_.reserve(rows_.size());
+    firsts_.reserve(rows_.size());
     for (const RangeRow& row : rows_) {
-      const bool further = furthest_.empty() || furthest_.back()->range.Last() < row.range.Last();
-      furthest_.push_back(further ? &row : furthest_.back());
+      firsts_.push_back(row.range.First());
+      const Furthest one = {row.range.Last(), &row};
+      const bool further = furthest_.empty() || furthest_.back().last < one.last;
+      furthest_.push_back(further ? one : furthest_.back());
     }
   }
 
   /// One that an address is in; null when it is in none.
-  const RangeRow* Around(const klepur::Address& address) const {
-    const auto behind = std::upper_bound(rows_.begin(), rows_.end(), address,
-                                         [](const klepur::Address& wanted, const RangeRow& row) {
-                                           return wanted < row.range.First();
-                                         });
-    if (behind == rows_.begin()) return nullptr;
-    const RangeRow* const row = furthest_[static_cast<std::size_t>(behind - rows_.begin()) - 1];
-    return row->range.Contains(address) ? row : nullptr;
+  const RangeRow* Around(const AddressKey& address) const {
+    const std::size_t rows = firsts_.UpTo(address);
+    if (rows == 0 || furthest_[rows - 1].last < address) return nullptr;
+    return furthest_[rows - 1].row;
   }
 
  private:
+  struct Furthest {
+    AddressKey last;
+    const RangeRow* row;
+  };
   std::vector<RangeRow> rows_;
-  std::vector<const RangeRow*> furthest_;  // of the rows so far the one with the highest end
+  SortedAddresses firsts_;
+  std::vector<Furthest> furthest_;  // of the rows so far the one with the highest end
 };
 
 }  // namespace klepur::internal
