@@ -11,6 +11,7 @@ DocumentState::DocumentState(TextBuffer bytes) : text(std::move(bytes)) {
   StructureReader reader(tree, text.View({0, text.BaseSize()}), 0);
   reader.Read(kRoot);
   malformed = reader.IsMalformed();
+  nodes_read = tree.Count();
 }
 
 std::string_view DocumentState::OwnText(NodeId id) const {

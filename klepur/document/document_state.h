@@ -40,6 +40,7 @@ struct DocumentState {
   std::string path;
   PieceText text;
   SyntaxTree tree;
+  NodeId nodes_read;  ///< The nodes before this one were made by reading, in the order of the text.
   EditMemory memory;
   /// What Add put behind the last of a key in a block, behind the last one that begins with a word ("option "), or behind
   /// the last statement before the blocks (""), so that many are added without a search each. Edits of other
@@ -53,7 +54,7 @@ struct DocumentState {
 
   mutable std::mutex lazy;  ///< Guards what is made when it is first asked for.
   mutable Positions positions;
-  mutable NodeId last_at = kRoot;  ///< What At answered last, near which the next question may be.
+  mutable NodeId last_at = kRoot;  ///< What At answered last, near which what is asked next may be.
   mutable HeaderIndex headers;
   mutable ChildIndex children;
   mutable DisabledRuns disabled;

@@ -27,20 +27,44 @@ NodeId ChildAt(const DocumentState& state, NodeId from, std::size_t offset) {
   return kNoNode;
 }
 
-/// The node that was made last of those that begin at or before an address, while no node was edited: nodes
-/// are numbered in the order of the text then.
+/// The first of some nodes that begins with bytes that were read, or else the last; it looks at a few only.
+NodeId NextThatWasRead(const DocumentState& state, NodeId id, NodeId end) {
+  constexpr NodeId kMost = 64;
+  end = std::min(end, id + kMost);
+  while (id + 1 < end && state.tree[id].begin >= state.text.BaseSize()) ++id;
+  return id;
+}
+
+/// The last of the nodes that were read that begins at or before an address of what was read: they are numbered in
+/// the order of the text. Of those whose text was written anew it passes over a few: where edits are many, what
+/// it gives may be any node.
 NodeId LastThatBegins(const DocumentState& state, TextAddress address) {
   NodeId low = 0;
-  NodeId high = state.tree.Count();
+  NodeId high = state.nodes_read;
   while (high - low > 1) {
     const NodeId middle = low + (high - low) / 2;
-    if (state.tree[middle].begin <= address) {
-      low = middle;
+    const NodeId probe = NextThatWasRead(state, middle, high);
+    if (state.tree[probe].begin <= address) {
+      low = probe;
     } else {
       high = middle;
     }
   }
   return low;
+}
+
+/// A node that is likely near the byte behind an edge: from there the search begins.
+NodeId NodeNear(const DocumentState& state, PieceText::Edge edge) {
+  constexpr int kMost = 16;
+  const PieceText& text = state.text;
+  for (int i = 0; edge.address >= text.BaseSize(); ++i) {
+    edge.piece = text.Previous(edge.piece);
+    if (i == kMost || edge.piece == PieceText::kHead) return state.last_at;
+    edge.address = text.SpanOf(edge.piece).end - 1;
+  }
+  NodeId id = LastThatBegins(state, edge.address);
+  for (int i = 0; i != kMost && id != kRoot && state.tree.IsGone(id); ++i) --id;
+  return id;
 }
 
 /// The nodes around a node and itself, the innermost first, without the file's; none when it is gone.
@@ -58,7 +82,7 @@ NodeId InnermostAt(const DocumentState& state, PieceText::Edge edge) {
     return id;
   }
   const std::size_t offset = OffsetOf(state, edge);
-  const std::vector<NodeId> path = PathTo(state, state.last_at);
+  const std::vector<NodeId> path = PathTo(state, NodeNear(state, edge));
   auto step = path.rbegin();
   NodeId id = kRoot;
   for (;;) {

@@ -103,6 +103,21 @@ TEST(DocumentWidth, PlacesAreAskedForBetweenEdits) {
   }
 }
 
+TEST(DocumentWidth, LinesAreAskedForAllOverAnEditedFile) {
+  Document document(Hosts(kBlocks));
+  const std::vector<Node> hosts = document.Walk("host");
+  for (std::size_t i = 0; i < kBlocks; i += 10) Node(hosts[i]).Set("fixed-address", "10.0.0.77");
+  for (std::size_t i = 0; i != kAdded / 10; ++i) {
+    const std::size_t asked = i * 104'729 % kBlocks;
+    ASSERT_EQ(document.At(3 * asked + 1), hosts[asked]);
+    ASSERT_EQ(document.At(3 * asked + 2).Parent(), hosts[asked]);
+  }
+  for (std::size_t i = 0; i != kAdded / 20; ++i) {  // of added text alone
+    const std::size_t asked = i * 104'729 % (kBlocks / 10) * 10;
+    ASSERT_EQ(document.At(3 * asked + 2).Parent(), hosts[asked]);
+  }
+}
+
 TEST(DocumentWidth, EverNewStatementsAreSetInABlockOfMany) {
   const std::string hosts = Numbered("  host h% {\n  }\n", kEdits);
   Document document("group {\n" + hosts + "}\n");
