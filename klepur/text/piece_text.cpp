@@ -15,7 +15,7 @@ PieceText::PieceText(TextBuffer base) : base_(std::move(base)) {
   if (base_.size() != 0) {
     const PieceId whole = NewPiece(0, BaseSize());
     starts_.Put(0, whole);
-    SetStands(whole, true);
+    pieces_[whole].stands = true;  // who keeps books begins with all pieces
     Link(kHead, whole);
     Link(whole, kTail);
   }

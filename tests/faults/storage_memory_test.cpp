@@ -51,7 +51,7 @@ class SavingMemory : public ::testing::TestWithParam<Wish> {
   }
 
   void Check(const Outcome& outcome) {
-    EXPECT_EQ(outcome.threw, outcome.struck);
+    EXPECT_TRUE(outcome.struck || !outcome.threw);
     EXPECT_EQ(ReadFile(scratch_.Path("f")), outcome.threw ? kOld : kNew);
     const bool stray = fs::exists(scratch_.Path(".f.klepur-17-0123abcd"));
     EXPECT_EQ(FilesIn(scratch_), outcome.threw ? (stray ? 2 : 1) : GetParam().files);
@@ -82,10 +82,11 @@ TEST_P(SavingMemory, TextIsSavedOrTheOldOneStays) {
     options = GetParam().options(scratch_);
   };
   const auto save = [&] { return SaveText(scratch_.Path("f"), kNew, *options).Written(); };
-  EXPECT_GT(
-      ForEveryFault(
-          prepare, save, [&](const Outcome& outcome) { Check(outcome); }, [&] { options.reset(); }),
-      10U);
+  const auto check = [&](const Outcome& outcome) {
+    EXPECT_EQ(outcome.threw, outcome.struck);
+    Check(outcome);
+  };
+  EXPECT_GT(ForEveryFault(prepare, save, check, [&] { options.reset(); }), 10U);
 }
 
 using StorageMemory = SavingMemory;
@@ -99,9 +100,9 @@ TEST_P(StorageMemory, DocumentIsReadEditedAndSavedOrTheOldFileStays) {
     document.Root().Set("max-lease-time", "60");
     return file.Save(document).Written();
   };
-  EXPECT_GT(ForEveryFault([&] { Prepare(); }, edit, [&](const Outcome& outcome) { Check(outcome); },
-                          [] {}),
-            20U);
+  // An edit may do without memory: positions are then counted anew when they are asked for.
+  const auto check = [&](const Outcome& outcome) { Check(outcome); };
+  EXPECT_GT(ForEveryFault([&] { Prepare(); }, edit, check, [] {}), 20U);
 }
 
 TEST_P(StorageMemory, SaveThatFailsCanBeTriedAgain) {
