@@ -40,6 +40,7 @@ class AddressKey {
     return static_cast<std::uint32_t>((low_ * kFactor ^ high_) * kFactor >> 32U);
   }
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): there is none
   friend auto operator<=>(const AddressKey&, const AddressKey&) = default;
 
  private:

@@ -171,7 +171,7 @@ constexpr std::size_t kSlots = 512;
 /// A number made of a word's size and of three of its letters, the same in any case.
 constexpr std::size_t HashOf(std::string_view word) {
   constexpr unsigned kCaseBit = 0x20;
-  const auto letter = [word](std::size_t i) {
+  const auto letter = [word](std::size_t i) -> std::size_t {
     return static_cast<unsigned char>(word[i]) | kCaseBit;
   };
   const std::size_t last = word.size() - 1;

@@ -112,7 +112,8 @@ void ReadInterface(ValueWords& words, std::string_view /*type*/, ValueProblem& p
 /// The name of a class, and one value of what it matches.
 void ReadSubclass(ValueWords& words, std::string_view /*type*/, ValueProblem& problem) {
   ReadQuotedText(words, {}, problem);
-  if (problem && words.AtEnd()) problem.instead.clear();  // it may be the value, and the name missing
+  // It may be the value, and the name missing.
+  if (problem && words.AtEnd()) problem.instead.clear();
   if (problem) return;
   if (words.AtEnd()) {
     problem = {"missing-value", {}, "the value ends early: what the class matches is missing"};

@@ -40,7 +40,7 @@ void NetworkAddressHandedOut(const Facts& facts, Report& report) {
       broadcast = subnet->prefix.Last();
     }
     const AddressKey value = facts.AddressOf(address);
-    if (value != network && value != broadcast) continue;
+    if (subnet == nullptr || (value != network && value != broadcast)) continue;
     if (!HasBroadcast(subnet)) continue;
     const char* const what = value == network ? "network" : "broadcast";
     ReportIf(true, what, value.ToAddress(), address.statement, *subnet, report);
