@@ -45,7 +45,7 @@ std::optional<HardwareAddress> HardwareAddress::Parse(std::string_view value) no
   std::optional<unsigned char> type;
   if (IsUsual(numbers)) {
     numbers.remove_prefix(kUsual.size());
-    type = kEthernet;
+    type = static_cast<unsigned char>(kEthernet);  // a copy: who refers to the constant exports it
   } else {
     internal::ValueWords words(numbers);
     const std::optional<std::string_view> name = words.NextPlain();

@@ -133,7 +133,9 @@ class PieceWriter {
   }
 
   void Put(std::string_view bytes, std::size_t& at) {
-    if (memory_.size() != 0) std::memcpy(memory_.data() + at, bytes.data(), bytes.size());
+    if (!bytes.empty() && memory_.size() != 0) {
+      std::memcpy(memory_.data() + at, bytes.data(), bytes.size());
+    }
     at += bytes.size();
   }
 
