@@ -2,6 +2,7 @@
 
 #include <klepur/check/allowances.h>
 #include <klepur/check/facts.h>
+#include <klepur/check/host_names.h>
 #include <klepur/check/report.h>
 #include <klepur/check/rule.h>
 #include <klepur/check/structure_rules.h>
@@ -28,12 +29,6 @@ bool IsHost(std::string_view header) {
 
 bool BeginsBranch(std::string_view text) {
   return WordOf(NumberOf(FirstWord(text))).begins == Begins::kBranch;
-}
-
-std::string_view NameIn(std::string_view header) {
-  WordsOfText words(header);
-  words.Next();
-  return words.Next();
 }
 
 /// What edits touched as a text of its own: statements and hosts, each in blocks with the headers that are around
@@ -163,7 +158,7 @@ class EditCheck {
     (when == When::kNow ? now_ : was_).Add(HeadersAround(node.parent, when), TextOf(id, when));
     if (node.kind != NodeKind::kBlock) return;
     hosts_.insert(id);
-    names_.insert(NameIn(OwnText(node)));
+    names_.insert(NameInHeader(OwnText(node)));
   }
 
   /// A statement; a host with all that is in it. Nothing that matters for a comment.
@@ -236,7 +231,7 @@ class EditCheck {
     if (names_.empty()) return true;
     for (NodeId id = 0; id != tree_.Count(); ++id) {
       if (!state_.IsBlock(id) || !IsHostWord(tree_[id].word)) continue;
-      if (names_.count(NameIn(state_.OwnText(id))) == 0) continue;
+      if (names_.count(NameInHeader(state_.OwnText(id))) == 0) continue;
       if (hosts_.count(id) == 0 && !tree_.IsGone(id)) return false;
     }
     return true;

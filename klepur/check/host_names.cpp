@@ -18,6 +18,12 @@ std::string_view NameOfHost(std::string_view behind_keyword) {
       behind_keyword.substr(static_cast<std::size_t>(first.data() - behind_keyword.data())));
 }
 
+std::string_view NameInHeader(std::string_view header) {
+  WordsOfText words(header);
+  words.Next();
+  return NameOfHost(words.Rest());
+}
+
 std::string SpelledHostName(std::string_view value) {
   std::string spelled = WithoutQuotes(value);
   std::transform(spelled.begin(), spelled.end(), spelled.begin(), ToSmallLetter);

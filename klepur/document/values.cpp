@@ -65,21 +65,16 @@ bool IsPlainChange(std::string_view statement, ValuePlace place, std::string_vie
 
 /// Puts another text in the place of a statement's, or of a header up to its "{".
 void ReplaceOwnText(DocumentState& state, NodeId id, std::string_view text) {
-  const PieceText::Edge begin = state.Begin(id);
-  const PieceText::Edge end = state.IsBlock(id)
-                                  ? state.text.Before(state.tree[id].begin + state.tree.BraceOf(id))
-                                  : state.End(id);
   const bool block = state.IsBlock(id);
+  const PieceText::Edge begin = state.Begin(id);
+  PieceText::Edge end =
+      block ? state.text.Before(state.tree[id].begin + state.tree.BraceOf(id)) : state.End(id);
   Span span = state.text.Append(text);
-  // A block's header keeps standing side by side with its "{".
-  if (block) span.end = state.text.Append("{").end;
-  if (block) {
-    PieceText::Edge behind = end;
-    state.text.Forward(behind);
-    state.text.Replace(begin, behind, span);
-  } else {
-    state.text.Replace(begin, end, span);
+  if (block) {  // whose header keeps standing side by side with its "{"
+    span.end = state.text.Append("{").end;
+    state.text.Forward(end);
   }
+  state.text.Replace(begin, end, span);
   SyntaxNode& node = state.tree.Change(id);
   const bool empty_block =
       block && node.unfinished && node.end == node.begin + state.tree.BraceOf(id) + 1;

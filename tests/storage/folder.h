@@ -5,11 +5,16 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/support/files.h"
 
 namespace klepur::test {
+
+/// What a file holds, and what is saved in its place.
+inline constexpr std::string_view kOld = "max-lease-time 7200;\n";
+inline constexpr std::string_view kNew = "max-lease-time 3600;\n";
 
 /// The names of all files in a scratch folder, sorted, with a blank between them.
 inline std::string NamesIn(const ScratchFolder& folder) {

@@ -20,11 +20,10 @@ namespace klepur {
 namespace {
 
 namespace fs = std::filesystem;
+using test::kNew;
+using test::kOld;
 using test::NamesIn;
 using test::ReadFile;
-
-constexpr std::string_view kOld = "max-lease-time 7200;\n";
-constexpr std::string_view kNew = "max-lease-time 3600;\n";
 
 class Keeping : public ::testing::Test {
  protected:

@@ -22,11 +22,10 @@ namespace {
 
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
+using test::kNew;
+using test::kOld;
 using test::NamesIn;
 using test::ReadFile;
-
-constexpr std::string_view kOld = "max-lease-time 7200;\n";
-constexpr std::string_view kNew = "max-lease-time 3600;\n";
 
 class Storing : public ::testing::Test {
  protected:

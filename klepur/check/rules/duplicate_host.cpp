@@ -3,24 +3,14 @@
 #include <klepur/check/host_names.h>
 #include <klepur/check/rules/rules.h>
 
-#include <klepur/document/words_of_text.h>
-
 #include <string>
 
 namespace klepur::internal {
-namespace {
-
-/// What stands behind the keyword of its header.
-std::string_view NameOf(const HostFact& host, const DocumentState& state) {
-  WordsOfText words(state.OwnText(host.node));
-  words.Next();
-  return NameOfHost(words.Rest());
-}
-
-}  // namespace
 
 void DuplicateHost(const Facts& facts, Report& report) {
-  const auto name = [&](std::uint32_t i) { return NameOf(facts.hosts[i], facts.state); };
+  const auto name = [&](std::uint32_t i) {
+    return NameInHeader(facts.state.OwnText(facts.hosts[i].node));
+  };
   LargeArray<std::uint32_t> hashes;
   hashes.reserve(facts.hosts.size());
   for (const HostFact& host : facts.hosts) hashes.push_back(host.name_hash);
